@@ -1,0 +1,41 @@
+# How every target of the project is built: warnings, sanitizers, precompiled headers.
+
+add_library(zelmo_options INTERFACE)
+target_compile_options(zelmo_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsuggest-override
+    $<$<BOOL:${ZELMO_WERROR}>:-Werror>)
+target_compile_definitions(zelmo_options INTERFACE
+    QT_NO_KEYWORDS            # GLib headers use "signals" as a name
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY
+    QT_USE_QSTRINGBUILDER)
+target_include_directories(zelmo_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+if(ZELMO_SANITIZERS)
+    target_compile_options(zelmo_options INTERFACE
+        -fsanitize=${ZELMO_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(zelmo_options INTERFACE -fsanitize=${ZELMO_SANITIZERS})
+endif()
+
+# zelmo_library(<name> SOURCES … [PUBLIC …] [PRIVATE …])
+# One static library per folder, known to the others as Zelmo::<name>.
+function(zelmo_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;PUBLIC;PRIVATE")
+    add_library(zelmo_${name} STATIC ${arg_SOURCES})
+    add_library(Zelmo::${name} ALIAS zelmo_${name})
+    target_link_libraries(zelmo_${name} PUBLIC Qt6::Core ${arg_PUBLIC} PRIVATE zelmo_options ${arg_PRIVATE})
+    target_precompile_headers(zelmo_${name} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/Precompiled.h)
+endfunction()
+
+# zelmo_test(<name> KIND unit|view|desktop SOURCES … LIBRARIES …)
+# One test program per subject. Unit and view tests run without a display.
+function(zelmo_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "KIND" "SOURCES;LIBRARIES")
+    add_executable(${name} ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE zelmo_options Qt6::Test ${arg_LIBRARIES})
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
+    add_test(NAME ${arg_KIND}.${name} COMMAND ${name})
+    set_tests_properties(${arg_KIND}.${name} PROPERTIES
+        LABELS ${arg_KIND}
+        TIMEOUT 120
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_QUICK_BACKEND=software;LC_ALL=C.UTF-8")
+endfunction()
