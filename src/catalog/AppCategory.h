@@ -1,5 +1,7 @@
 #pragma once
 
+#include "preferences/StyleColor.h"
+
 #include <QString>
 
 #include <array>
@@ -19,16 +21,6 @@ enum class AppCategory {
     creativity,
     reading,
     other,
-};
-
-// An sRGB colour, components from 0 to 1.
-struct StyleColor {
-    double red = 0;
-    double green = 0;
-    double blue = 0;
-    double opacity = 1;
-
-    friend constexpr bool operator==(const StyleColor&, const StyleColor&) = default;
 };
 
 // How a category looks on chips and cards.

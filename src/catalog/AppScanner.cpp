@@ -9,6 +9,8 @@ namespace zelmo {
 AppScanner::AppScanner(std::vector<std::unique_ptr<ApplicationSource>> sources, QLocale locale)
     : m_sources(std::move(sources)), m_locale(std::move(locale)) {}
 
+AppScanner::AppScanner(AppScanner&&) noexcept = default;
+
 AppScanner::~AppScanner() = default;
 
 ScanResult AppScanner::scan() const {

@@ -23,6 +23,7 @@ struct ScanResult {
 class AppScanner {
 public:
     explicit AppScanner(std::vector<std::unique_ptr<ApplicationSource>> sources, QLocale locale = QLocale::system());
+    AppScanner(AppScanner&&) noexcept;
     ~AppScanner();
 
     // One entry for each URL; a later one takes the place of an earlier.

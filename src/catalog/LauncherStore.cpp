@@ -1,0 +1,167 @@
+#include "catalog/LauncherStore.h"
+
+#include "catalog/CatalogLog.h"
+#include "catalog/FolderWatcher.h"
+#include "catalog/MostUsedRanking.h"
+#include "catalog/Overlay.h"
+#include "catalog/RescanTimer.h"
+#include "catalog/Workspace.h"
+#include "preferences/Preferences.h"
+
+namespace zelmo {
+
+Q_LOGGING_CATEGORY(catalogLog, "zelmo.catalog", QtWarningMsg)
+
+LauncherStore::LauncherStore(AppScanner scanner, LauncherServices services, const QLocale& locale)
+    : m_scanner(std::move(scanner)), m_services(std::move(services)), m_locale(locale),
+      m_rescanTimer(std::make_unique<RescanTimer>([this] { refresh(); })) {
+    loadUsageRecords();
+    loadHiddenApps();
+    m_services.folderWatcher.setChangeHandler([this] { m_rescanTimer->noteChange(); });
+    QMetaObject::invokeMethod(this, &LauncherStore::refresh, Qt::QueuedConnection);
+}
+
+LauncherStore::~LauncherStore() {
+    m_services.folderWatcher.setChangeHandler({});
+    m_scanThreads.waitForDone();
+}
+
+template <typename Value>
+void LauncherStore::publish(Value& property, Value value, void (LauncherStore::*changed)()) {
+    if (property == value)
+        return;
+    Q_EMIT willChange();
+    property = std::move(value);
+    Q_EMIT(this->*changed)();
+}
+
+void LauncherStore::setSelectedCategory(AppCategory category) {
+    publish(m_selectedCategory, category, &LauncherStore::selectedCategoryChanged);
+}
+
+void LauncherStore::setShowsMostUsed(bool shows) {
+    publish(m_showsMostUsed, shows, &LauncherStore::showsMostUsedChanged);
+}
+
+void LauncherStore::setSearchText(const QString& text) {
+    publish(m_searchText, text, &LauncherStore::searchTextChanged);
+}
+
+void LauncherStore::setIsEditingApps(bool editing) {
+    publish(m_isEditingApps, editing, &LauncherStore::isEditingAppsChanged);
+}
+
+void LauncherStore::refresh() {
+    m_scanThreads.start([this, hidden = m_hiddenAppPaths] {
+        ScanResult result = m_scanner.scan();
+        if (!hidden.isEmpty())
+            result.apps.removeIf([&](const LaunchableApp& app) { return hidden.contains(app.url.path()); });
+        QMetaObject::invokeMethod(
+            this, [this, result = std::move(result)]() mutable { publishScan(std::move(result)); },
+            Qt::QueuedConnection);
+    });
+}
+
+void LauncherStore::publishScan(ScanResult result) {
+    qCInfo(catalogLog, "%lld applications found", static_cast<long long>(result.apps.size()));
+    m_services.folderWatcher.setFolders(result.watchedFolders);
+    if (m_apps == result.apps)
+        return;
+    Q_EMIT willChange();
+    m_apps = std::move(result.apps);
+    m_nameSearch.reset();
+    Q_EMIT appsChanged();
+}
+
+QList<LaunchableApp> LauncherStore::visibleApps() const {
+    const bool narrows = !m_searchText.trimmed().isEmpty();
+    if (!narrows && !m_showsMostUsed && m_selectedCategory == AppCategory::all)
+        return m_apps;
+
+    std::vector<bool> matches;
+    if (narrows) {
+        matches.resize(static_cast<std::size_t>(m_apps.size()));
+        for (const qsizetype position : nameSearch().find(m_searchText))
+            matches[static_cast<std::size_t>(position)] = true;
+    }
+    QList<LaunchableApp> visible;
+    const auto take = [&](qsizetype position) {
+        if (!narrows || matches[static_cast<std::size_t>(position)])
+            visible.append(m_apps[position]);
+    };
+    if (m_showsMostUsed) {
+        for (const qsizetype position : mostUsedRanking(m_apps, m_usageRecords))
+            take(position);
+    } else {
+        for (qsizetype position = 0; position < m_apps.size(); ++position) {
+            if (m_selectedCategory == AppCategory::all || m_apps[position].category == m_selectedCategory)
+                take(position);
+        }
+    }
+    return visible;
+}
+
+void LauncherStore::toggleSelection(const LaunchableApp& app) {
+    QSet<FileUrl> selected = m_selectedAppIDs;
+    if (!selected.remove(app.id))
+        selected.insert(app.id);
+    publish(m_selectedAppIDs, std::move(selected), &LauncherStore::selectedAppIDsChanged);
+}
+
+void LauncherStore::showOverlay() {
+    if (!m_overlay)
+        m_overlay = m_services.makeOverlay(*this);
+    m_overlay->show();
+    publish(m_overlayIsVisible, true, &LauncherStore::overlayIsVisibleChanged);
+}
+
+void LauncherStore::toggleOverlay() {
+    if (!m_overlayIsVisible) {
+        showOverlay();
+        return;
+    }
+    leaveEditMode();
+    putOverlayAway();
+}
+
+void LauncherStore::hideOverlay() {
+    leaveEditMode();
+    putOverlayAway();
+}
+
+void LauncherStore::launch(const LaunchableApp& app) {
+    if (m_isEditingApps)
+        return;
+    m_services.workspace.openApplication(app.url);
+    leaveEditMode();
+    putOverlayAway();
+}
+
+void LauncherStore::loadUsageRecords() {
+    m_usageRecords =
+        decodeUsageRecords(m_services.preferences.value<PreferenceKey::appUsageRecords>()).value_or(AppUsageRecords{});
+}
+
+void LauncherStore::loadHiddenApps() {
+    const QStringList paths = m_services.preferences.value<PreferenceKey::hiddenAppPaths>();
+    m_hiddenAppPaths = QSet<QString>(paths.cbegin(), paths.cend());
+}
+
+void LauncherStore::leaveEditMode() {
+    setIsEditingApps(false);
+    publish(m_selectedAppIDs, {}, &LauncherStore::selectedAppIDsChanged);
+}
+
+void LauncherStore::putOverlayAway() {
+    if (m_overlay)
+        m_overlay->hide();
+    publish(m_overlayIsVisible, false, &LauncherStore::overlayIsVisibleChanged);
+}
+
+const NameSearch& LauncherStore::nameSearch() const {
+    if (!m_nameSearch)
+        m_nameSearch.emplace(m_apps, m_locale);
+    return *m_nameSearch;
+}
+
+} // namespace zelmo

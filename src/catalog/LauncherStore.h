@@ -1,0 +1,117 @@
+#pragma once
+
+#include "catalog/AppScanner.h"
+#include "catalog/AppUsageRecord.h"
+#include "catalog/LaunchableApp.h"
+#include "catalog/NameSearch.h"
+
+#include <QObject>
+#include <QSet>
+#include <QThreadPool>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace zelmo {
+
+class FolderWatcher;
+class Overlay;
+class Preferences;
+class RescanTimer;
+class Workspace;
+class LauncherStore;
+
+// What the store needs of the world around it. All of it outlives the store.
+struct LauncherServices {
+    Preferences& preferences;
+    Workspace& workspace;
+    FolderWatcher& folderWatcher;
+    // Makes the wall's window, the first time that it is shown.
+    std::function<std::unique_ptr<Overlay>(LauncherStore&)> makeOverlay;
+};
+
+// The program's central model: the catalog, the filter, the selection and whether the wall is up.
+// One instance for the process, made at start-up; it lives on the main thread, and only its scans
+// run elsewhere. `willChange` comes before each change of a property, the property's own signal after it.
+class LauncherStore : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(zelmo::AppCategory selectedCategory READ selectedCategory WRITE setSelectedCategory NOTIFY
+                   selectedCategoryChanged)
+    Q_PROPERTY(bool showsMostUsed READ showsMostUsed WRITE setShowsMostUsed NOTIFY showsMostUsedChanged)
+    Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged)
+    Q_PROPERTY(bool overlayIsVisible READ overlayIsVisible NOTIFY overlayIsVisibleChanged)
+    Q_PROPERTY(bool isEditingApps READ isEditingApps WRITE setIsEditingApps NOTIFY isEditingAppsChanged)
+
+public:
+    LauncherStore(AppScanner scanner, LauncherServices services, const QLocale& locale = QLocale::system());
+    ~LauncherStore() override;
+
+    const QList<LaunchableApp>& apps() const { return m_apps; }
+    AppCategory selectedCategory() const { return m_selectedCategory; }
+    bool showsMostUsed() const { return m_showsMostUsed; }
+    const QString& searchText() const { return m_searchText; }
+    bool overlayIsVisible() const { return m_overlayIsVisible; }
+    bool isEditingApps() const { return m_isEditingApps; }
+    const QSet<FileUrl>& selectedAppIDs() const { return m_selectedAppIDs; }
+
+    void setSelectedCategory(AppCategory category);
+    void setShowsMostUsed(bool shows);
+    void setSearchText(const QString& text);
+    void setIsEditingApps(bool editing);
+
+    // Scans in the background and publishes what was found. Overlapping refreshes all run; the last to end wins.
+    Q_INVOKABLE void refresh();
+
+    // What the wall shows, in order: the Most Used ranking or the selected category, narrowed by the
+    // search text. Blanks around the text count as part of it, but blanks alone do not narrow.
+    QList<LaunchableApp> visibleApps() const;
+
+    Q_INVOKABLE void toggleSelection(const zelmo::LaunchableApp& app);
+
+    void showOverlay();
+    // Hides without giving the focus to anyone.
+    void toggleOverlay();
+    Q_INVOKABLE void hideOverlay();
+    // Starts the application and hides the wall; does nothing while apps are being edited.
+    Q_INVOKABLE void launch(const zelmo::LaunchableApp& app);
+
+Q_SIGNALS:
+    void willChange();
+    void appsChanged();
+    void selectedCategoryChanged();
+    void showsMostUsedChanged();
+    void searchTextChanged();
+    void overlayIsVisibleChanged();
+    void isEditingAppsChanged();
+    void selectedAppIDsChanged();
+
+private:
+    template <typename Value>
+    void publish(Value& property, Value value, void (LauncherStore::*changed)());
+    void publishScan(ScanResult result);
+    void loadUsageRecords();
+    void loadHiddenApps();
+    void leaveEditMode();
+    void putOverlayAway();
+    const NameSearch& nameSearch() const;
+
+    AppScanner m_scanner;
+    LauncherServices m_services;
+    QLocale m_locale;
+    QList<LaunchableApp> m_apps;
+    AppCategory m_selectedCategory = AppCategory::all;
+    bool m_showsMostUsed = false;
+    QString m_searchText;
+    bool m_overlayIsVisible = false;
+    bool m_isEditingApps = false;
+    QSet<FileUrl> m_selectedAppIDs;
+    std::unique_ptr<Overlay> m_overlay;
+    AppUsageRecords m_usageRecords;
+    QSet<QString> m_hiddenAppPaths;
+    mutable std::optional<NameSearch> m_nameSearch; // of m_apps, made when first asked for
+    std::unique_ptr<RescanTimer> m_rescanTimer;
+    QThreadPool m_scanThreads; // last: its tasks end before anything they use
+};
+
+} // namespace zelmo

@@ -1,0 +1,37 @@
+#include "overlay/OverlayWindowController.h"
+
+#include "catalog/LauncherStore.h"
+#include "overlay/KeyboardBuffer.h"
+#include "overlay/MainScreen.h"
+#include "overlay/OverlayWindow.h"
+
+#include <QScreen>
+
+namespace zelmo {
+
+OverlayWindowController::OverlayWindowController(LauncherStore& store, OverlayServices services)
+    : m_services(std::move(services)), m_window(std::make_unique<OverlayWindow>()) {
+    m_window->onEscape = [&store] { store.hideOverlay(); };
+    m_services.loadContent(*m_window);
+}
+
+OverlayWindowController::~OverlayWindowController() = default;
+
+void OverlayWindowController::show() {
+    m_services.keyboardBuffer.begin();
+    if (QScreen* screen = m_services.mainScreen.mainScreen()) {
+        m_window->setScreen(screen);
+        m_window->setGeometry(screen->geometry());
+    }
+    m_window->showFullScreen();
+    m_window->raise();
+    m_window->requestActivate();
+    m_services.keyboardBuffer.deliverTo(*m_window);
+}
+
+void OverlayWindowController::hide() {
+    m_services.keyboardBuffer.cancel();
+    m_window->hide();
+}
+
+} // namespace zelmo

@@ -1,0 +1,119 @@
+#include "platform/linux/x11/X11KeyboardBuffer.h"
+
+#include "platform/linux/x11/XcbReply.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QWindow>
+
+namespace zelmo {
+
+namespace {
+
+constexpr std::uint8_t sentByClient = 0x80;
+
+} // namespace
+
+X11KeyboardBuffer::X11KeyboardBuffer() {
+    if (const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
+        m_connection = x11->connection();
+        m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
+    }
+    m_limit.setSingleShot(true);
+    m_limit.setInterval(longestGrab);
+    connect(&m_limit, &QTimer::timeout, this, &X11KeyboardBuffer::cancel);
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &X11KeyboardBuffer::watchFocus);
+    QCoreApplication::instance()->installNativeEventFilter(this);
+}
+
+X11KeyboardBuffer::~X11KeyboardBuffer() {
+    cancel();
+    QCoreApplication::instance()->removeNativeEventFilter(this);
+}
+
+void X11KeyboardBuffer::begin() {
+    if (!m_connection || m_state != State::idle)
+        return;
+    const XcbReply<xcb_grab_keyboard_reply_t> grab(xcb_grab_keyboard_reply(
+        m_connection,
+        xcb_grab_keyboard(m_connection, 0, m_root, XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
+        nullptr));
+    if (!grab || grab->status != XCB_GRAB_STATUS_SUCCESS)
+        return;
+    m_state = State::keeping;
+    m_limit.start();
+}
+
+void X11KeyboardBuffer::deliverTo(QWindow& window) {
+    m_window = &window;
+    watchFocus();
+}
+
+void X11KeyboardBuffer::cancel() {
+    m_limit.stop();
+    m_kept.clear();
+    m_underway = 0;
+    if (m_state != State::idle)
+        ungrab();
+    m_window = nullptr;
+}
+
+void X11KeyboardBuffer::watchFocus() {
+    if (m_state == State::keeping && m_window && QGuiApplication::focusWindow() == m_window)
+        replay();
+}
+
+// Sends the kept keys on. Keys that are typed meanwhile are still kept, so that they do not overtake
+// those on their way; the grab ends when none is left.
+void X11KeyboardBuffer::replay() {
+    m_limit.stop();
+    if (m_kept.empty()) {
+        ungrab();
+        return;
+    }
+    m_state = State::replaying;
+    const auto window = static_cast<xcb_window_t>(m_window->winId());
+    for (xcb_key_press_event_t& event : m_kept) {
+        event.event = window;
+        const std::uint32_t mask =
+            event.response_type == XCB_KEY_PRESS ? XCB_EVENT_MASK_KEY_PRESS : XCB_EVENT_MASK_KEY_RELEASE;
+        xcb_send_event(m_connection, 0, window, mask, reinterpret_cast<const char*>(&event));
+    }
+    xcb_flush(m_connection);
+    m_underway = m_kept.size();
+    m_kept.clear();
+}
+
+void X11KeyboardBuffer::ungrab() {
+    m_state = State::idle;
+    xcb_ungrab_keyboard(m_connection, XCB_CURRENT_TIME);
+    xcb_flush(m_connection);
+}
+
+bool X11KeyboardBuffer::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*) {
+    if (eventType != "xcb_generic_event_t")
+        return false;
+    auto* event = static_cast<xcb_key_press_event_t*>(message);
+    const std::uint8_t type = event->response_type & static_cast<std::uint8_t>(~sentByClient);
+    if (type != XCB_KEY_PRESS && type != XCB_KEY_RELEASE)
+        return false;
+
+    if (event->response_type & sentByClient) {
+        if (m_state == State::replaying && --m_underway == 0)
+            QMetaObject::invokeMethod(
+                this, [this] { replay(); }, Qt::QueuedConnection);
+        return false;
+    }
+    if (event->event != m_root)
+        return false;
+    if (m_state != State::idle) {
+        m_kept.push_back(*event);
+        return true;
+    }
+    // Typed just before the grab ended: the window is its receiver all the same.
+    if (m_window)
+        event->event = static_cast<xcb_window_t>(m_window->winId());
+    return false;
+}
+
+} // namespace zelmo

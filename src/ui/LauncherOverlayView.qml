@@ -1,0 +1,141 @@
+import QtQuick
+import Zelmo.Ui
+
+Item {
+    id: wall
+
+    required property LauncherStore store
+    required property WallModel appModel
+    required property WallStyle style
+    required property IconCache icons
+
+    BackgroundItem {
+        anchors.fill: parent
+        colors: wall.style.backgroundColors
+
+        TapHandler {
+            onTapped: wall.store.hideOverlay()
+        }
+    }
+
+    Item {
+        id: content
+
+        width: Math.min(wall.width, WallMetrics.contentMaximumWidth) - 2 * WallMetrics.contentHorizontalPadding
+        anchors {
+            top: parent.top
+            bottom: parent.bottom
+            horizontalCenter: parent.horizontalCenter
+            topMargin: WallMetrics.contentVerticalPadding
+        }
+
+        Rectangle {
+            id: panel
+
+            width: parent.width
+            height: panelContent.height + 2 * WallMetrics.panelVerticalPadding
+            radius: WallMetrics.panelRadius
+            border.color: Qt.alpha("white", WallMetrics.panelOutlineOpacity)
+            gradient: Gradient {
+                GradientStop {
+                    position: 0
+                    color: Qt.alpha("white", WallMetrics.panelTopOpacity)
+                }
+                GradientStop {
+                    position: 1
+                    color: Qt.alpha("white", WallMetrics.panelBottomOpacity)
+                }
+            }
+
+            Column {
+                id: panelContent
+
+                x: WallMetrics.panelHorizontalPadding
+                y: WallMetrics.panelVerticalPadding
+                width: parent.width - 2 * WallMetrics.panelHorizontalPadding
+                spacing: WallMetrics.panelSpacing
+
+                Column {
+                    spacing: WallMetrics.titleSpacing
+
+                    Text {
+                        text: "Zelmo"
+                        color: wall.style.textColor
+                        opacity: WallMetrics.titleOpacity
+                        font.pixelSize: wall.style.titleFontSize
+                        font.weight: Font.ExtraBold
+                    }
+                    Text {
+                        text: "Colorful launchpad for your Mac"
+                        color: wall.style.textColor
+                        opacity: WallMetrics.subtitleOpacity
+                        font.pixelSize: wall.style.subtitleFontSize
+                        font.weight: Font.DemiBold
+                        font.capitalization: Font.AllUppercase
+                        font.letterSpacing: WallMetrics.subtitleTracking
+                    }
+                }
+
+                SearchRow {
+                    width: parent.width
+                    store: wall.store
+                    style: wall.style
+                }
+            }
+        }
+
+        GridView {
+            id: grid
+
+            readonly property real cardHeight: Math.max(WallMetrics.cardMinimumHeight, cardModel.implicitHeight)
+
+            anchors {
+                top: panel.bottom
+                bottom: parent.bottom
+                topMargin: WallMetrics.contentSpacing
+                horizontalCenter: parent.horizontalCenter
+                horizontalCenterOffset: WallMetrics.columnSpacing / 2
+            }
+            width: WallMetrics.gridColumns * cellWidth
+            cellWidth: WallMetrics.columnWidth + WallMetrics.columnSpacing
+            cellHeight: cardHeight + WallMetrics.rowSpacing
+            topMargin: WallMetrics.areaTopPadding
+            bottomMargin: WallMetrics.areaBottomPadding - WallMetrics.rowSpacing
+            clip: true
+            reuseItems: true
+            model: wall.appModel
+
+            delegate: AppTileCard {
+                height: grid.cardHeight
+                style: wall.style
+                icons: wall.icons
+                onLaunched: wall.store.launch(app)
+            }
+
+            TapHandler {
+                onTapped: wall.store.hideOverlay()
+            }
+        }
+
+        Rectangle {
+            anchors.right: parent.right
+            y: grid.y + grid.visibleArea.yPosition * grid.height
+            width: WallMetrics.indicatorWidth
+            height: Math.max(WallMetrics.indicatorMinimumHeight, grid.visibleArea.heightRatio * grid.height)
+            radius: width / 2
+            color: Qt.alpha("white", WallMetrics.indicatorOpacity)
+            visible: grid.visibleArea.heightRatio < 1
+        }
+    }
+
+    // Never seen: tells how high a card is with the present fonts.
+    AppTileCard {
+        id: cardModel
+
+        visible: false
+        style: wall.style
+        icons: null
+        name: " "
+        categoryLabel: " "
+    }
+}

@@ -1,0 +1,99 @@
+#include "ui/WallModel.h"
+
+#include "catalog/LauncherStore.h"
+#include "ui/ListChanges.h"
+#include "ui/WallStyle.h"
+
+namespace zelmo {
+
+namespace {
+
+QList<FileUrl> identities(const QList<LaunchableApp>& apps) {
+    QList<FileUrl> ids;
+    ids.reserve(apps.size());
+    for (const LaunchableApp& app : apps)
+        ids.append(app.id);
+    return ids;
+}
+
+} // namespace
+
+WallModel::WallModel(const LauncherStore& store) : m_store(store), m_apps(store.visibleApps()) {
+    connect(&store, &LauncherStore::appsChanged, this, &WallModel::update);
+    connect(&store, &LauncherStore::selectedCategoryChanged, this, &WallModel::update);
+    connect(&store, &LauncherStore::showsMostUsedChanged, this, &WallModel::update);
+    connect(&store, &LauncherStore::searchTextChanged, this, &WallModel::update);
+}
+
+int WallModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_apps.size());
+}
+
+QVariant WallModel::data(const QModelIndex& index, int role) const {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const LaunchableApp& app = m_apps[index.row()];
+    const AppCategoryGlassStyle& style = glassStyle(app.category);
+    switch (role) {
+    case AppRole:
+        return QVariant::fromValue(app);
+    case Qt::DisplayRole:
+    case NameRole:
+        return app.name;
+    case IconRole:
+        return QVariant::fromValue(app.icon);
+    case CategoryLabelRole:
+        return QString::fromLatin1(style.shortLabel.data(), static_cast<qsizetype>(style.shortLabel.size()));
+    case AccentColorRole:
+        return toQColor(style.accentColor);
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> WallModel::roleNames() const {
+    return {{AppRole, "app"},
+            {NameRole, "name"},
+            {IconRole, "appIcon"},
+            {CategoryLabelRole, "categoryLabel"},
+            {AccentColorRole, "accentColor"}};
+}
+
+void WallModel::update() {
+    const QList<LaunchableApp> fresh = m_store.visibleApps();
+    for (const ListChange& change : listChanges(identities(m_apps), identities(fresh))) {
+        const int last = change.first + change.count - 1;
+        switch (change.kind) {
+        case ListChange::Kind::remove:
+            beginRemoveRows({}, change.first, last);
+            m_apps.remove(change.first, change.count);
+            endRemoveRows();
+            break;
+        case ListChange::Kind::move:
+            beginMoveRows({}, change.first, change.first, {}, change.to);
+            m_apps.move(change.first, change.to > change.first ? change.to - 1 : change.to);
+            endMoveRows();
+            break;
+        case ListChange::Kind::insert:
+            beginInsertRows({}, change.first, last);
+            m_apps.insert(change.first, change.count, LaunchableApp{});
+            std::copy_n(fresh.cbegin() + change.first, change.count, m_apps.begin() + change.first);
+            endInsertRows();
+            break;
+        }
+    }
+    announceChangedRows(fresh);
+}
+
+void WallModel::announceChangedRows(const QList<LaunchableApp>& fresh) {
+    for (qsizetype row = 0; row < fresh.size(); ++row) {
+        if (m_apps[row] == fresh[row])
+            continue;
+        m_apps[row] = fresh[row];
+        const QModelIndex changed = index(static_cast<int>(row));
+        Q_EMIT dataChanged(changed, changed);
+    }
+    m_apps = fresh;
+}
+
+} // namespace zelmo

@@ -1,0 +1,125 @@
+#pragma once
+
+#include "catalog/ApplicationSource.h"
+#include "catalog/FolderWatcher.h"
+#include "catalog/LauncherStore.h"
+#include "catalog/Overlay.h"
+#include "catalog/Workspace.h"
+#include "preferences/Preferences.h"
+#include "preferences/PreferencesStorage.h"
+
+#include <QMutex>
+
+namespace zelmo::test {
+
+class FakeStorage : public PreferencesStorage {
+public:
+    PreferenceValues read() override { return values; }
+    bool write(const PreferenceValues& changes) override {
+        values.insert(changes);
+        return true;
+    }
+    void setOutsideChangeHandler(std::function<void()>) override {}
+
+    PreferenceValues values;
+};
+
+class FakeWorkspace : public Workspace {
+public:
+    void openApplication(const FileUrl& application) override { opened.append(application.path()); }
+
+    QStringList opened;
+};
+
+class FakeFolderWatcher : public FolderWatcher {
+public:
+    void setFolders(const QList<FileUrl>& list) override { folders = list; }
+    void setChangeHandler(std::function<void()> handler) override { change = std::move(handler); }
+
+    QList<FileUrl> folders;
+    std::function<void()> change;
+};
+
+// Notes what the store asks of its wall.
+class FakeOverlay : public Overlay {
+public:
+    explicit FakeOverlay(QStringList& log) : m_log(log) {}
+    void show() override { m_log.append(QStringLiteral("show")); }
+    void hide() override { m_log.append(QStringLiteral("hide")); }
+
+private:
+    QStringList& m_log;
+};
+
+struct FakeInstalled {
+    QMutex lock;
+    QList<FoundApplication> applications;
+    int scans = 0;
+
+    void set(const QList<FoundApplication>& list) {
+        const QMutexLocker guard(&lock);
+        applications = list;
+    }
+};
+
+class FakeSource : public ApplicationSource {
+public:
+    explicit FakeSource(FakeInstalled& installed) : m_installed(installed) {}
+    ApplicationListing list() const override {
+        const QMutexLocker guard(&m_installed.lock);
+        ++m_installed.scans;
+        return {m_installed.applications, {FileUrl::fromPath(QStringLiteral("/Applications"))}};
+    }
+
+private:
+    FakeInstalled& m_installed;
+};
+
+inline FoundApplication found(const QString& name, const char* categoryType = nullptr) {
+    return {.url = FileUrl::fromPath(QStringLiteral("/Applications/") + name + QStringLiteral(".app")),
+            .name = name,
+            .categoryType = categoryType ? std::optional(QString::fromLatin1(categoryType)) : std::nullopt,
+            .icon = {}};
+}
+
+inline QStringList names(const QList<LaunchableApp>& apps) {
+    QStringList list;
+    for (const LaunchableApp& app : apps)
+        list.append(app.name);
+    return list;
+}
+
+// A store on fakes.
+class StoreFixture {
+public:
+    explicit StoreFixture(const QList<FoundApplication>& applications = {}, const PreferenceValues& values = {},
+                          const QLocale& locale = QLocale(QLocale::English)) {
+        installed.applications = applications;
+        storage.values = values;
+        preferences = std::make_unique<Preferences>(storage);
+        std::vector<std::unique_ptr<ApplicationSource>> sources;
+        sources.push_back(std::make_unique<FakeSource>(installed));
+        store =
+            std::make_unique<LauncherStore>(AppScanner(std::move(sources), locale),
+                                            LauncherServices{.preferences = *preferences,
+                                                             .workspace = workspace,
+                                                             .folderWatcher = folderWatcher,
+                                                             .makeOverlay =
+                                                                 [this](LauncherStore&) {
+                                                                     ++overlaysMade;
+                                                                     return std::make_unique<FakeOverlay>(overlayLog);
+                                                                 }},
+                                            locale);
+    }
+
+    FakeInstalled installed;
+    FakeStorage storage;
+    FakeWorkspace workspace;
+    FakeFolderWatcher folderWatcher;
+    QStringList overlayLog;
+    int overlaysMade = 0;
+    std::unique_ptr<Preferences> preferences;
+    std::unique_ptr<LauncherStore> store;
+};
+
+} // namespace zelmo::test
