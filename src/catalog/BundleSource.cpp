@@ -48,7 +48,7 @@ ApplicationListing BundleSource::list() const {
             std::error_code error;
             fs::directory_iterator entry(folder, error);
             for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-                const std::string& name = entry->path().filename().native();
+                const std::string name = entry->path().filename().native();
                 if (name.starts_with('.'))
                     continue;
                 if (entry->path().extension() == ".app") {
