@@ -1,0 +1,121 @@
+#include "platform/linux/freedesktop/ExecCommand.h"
+
+#include <string_view>
+
+namespace zelmo::ExecCommand {
+
+namespace {
+
+// Goes over a command line character by character and keeps the first word. The rest is read too,
+// since a quote that stays open there makes the whole line unusable.
+class WordReader {
+public:
+    explicit WordReader(std::string_view line) : m_line(line) {}
+
+    std::optional<QByteArray> firstWord() {
+        while (m_position < m_line.size()) {
+            if (!step())
+                return std::nullopt;
+        }
+        return m_word;
+    }
+
+private:
+    // Takes the next unquoted character or a whole quoted part. False when it is left open.
+    bool step() {
+        const char c = m_line[m_position++];
+        switch (c) {
+        case ' ':
+        case '\t':
+        case '\n':
+            m_isComplete = m_word.has_value();
+            return true;
+        case '\\':
+            return takeEscaped();
+        case '\'':
+            return takeSingleQuoted();
+        case '"':
+            return takeDoubleQuoted();
+        case '#':
+            if (startsComment())
+                return skipComment();
+            break;
+        default:
+            break;
+        }
+        append(c);
+        return true;
+    }
+
+    bool takeEscaped() {
+        if (m_position == m_line.size())
+            return false;
+        const char c = m_line[m_position++];
+        // An escaped end of line joins the two lines.
+        if (c != '\n')
+            append(c);
+        return true;
+    }
+
+    bool takeSingleQuoted() {
+        const std::size_t end = m_line.find('\'', m_position);
+        if (end == std::string_view::npos)
+            return false;
+        append(m_line.substr(m_position, end - m_position));
+        m_position = end + 1;
+        return true;
+    }
+
+    bool takeDoubleQuoted() {
+        append(std::string_view());
+        while (m_position < m_line.size()) {
+            char c = m_line[m_position++];
+            if (c == '"')
+                return true;
+            if (c == '\\' && m_position < m_line.size() &&
+                std::string_view("\"\\`$\n").find(m_line[m_position]) != std::string_view::npos)
+                c = m_line[m_position++];
+            append(c);
+        }
+        return false;
+    }
+
+    bool startsComment() const {
+        if (m_position == 1)
+            return true;
+        const char before = m_line[m_position - 2];
+        return before == ' ' || before == '\n';
+    }
+
+    bool skipComment() {
+        // GLib takes a comment sign at the very end for an open quote.
+        if (m_position == m_line.size())
+            return false;
+        const std::size_t end = m_line.find('\n', m_position);
+        m_position = end == std::string_view::npos ? m_line.size() : end + 1;
+        return true;
+    }
+
+    void append(std::string_view text) {
+        if (m_isComplete)
+            return;
+        if (!m_word)
+            m_word.emplace();
+        m_word->append(text.data(), static_cast<qsizetype>(text.size()));
+    }
+    void append(char c) { append(std::string_view(&c, 1)); }
+
+    std::string_view m_line;
+    std::size_t m_position = 0;
+    std::optional<QByteArray> m_word;
+    bool m_isComplete = false;
+};
+
+} // namespace
+
+std::optional<QByteArray> program(const QByteArray& commandLine) {
+    return WordReader(std::string_view(commandLine.constData(), static_cast<std::size_t>(commandLine.size())))
+        .firstWord();
+}
+
+} // namespace zelmo::ExecCommand
