@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QByteArray>
+#include <QSize>
+
+namespace zelmo {
+
+// The kind of picture that the first bytes tell of, in the name that the decoders know it by. Empty
+// when it is none that icons are in; vector pictures have no sure start and are not told.
+QByteArray pictureFormat(const QByteArray& bytes);
+
+// The size that a picture's own header gives, without decoding it. Empty when there is none.
+QSize pictureSize(const QByteArray& bytes, const QByteArray& format);
+
+// Makes the decoders of the whole process refuse pictures that need more memory than the largest icon.
+void limitPictureMemory();
+
+} // namespace zelmo

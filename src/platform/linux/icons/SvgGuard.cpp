@@ -1,0 +1,266 @@
+#include "platform/linux/icons/SvgGuard.h"
+
+#include "platform/linux/icons/PictureFormat.h"
+#include "platform/linux/icons/SvgCost.h"
+
+#include <QXmlStreamReader>
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+
+namespace zelmo {
+
+namespace {
+
+// An element takes about four kilobytes in the renderer, a character of an outline two hundred bytes
+// when it is stroked; a dash takes as much and a microsecond. Layers for opacity count as several elements.
+constexpr SvgCost costLimit{20'000, 512 * 1024, 20'000, std::numeric_limits<qint64>::max()};
+constexpr qint64 elementLimit = 10'000;
+constexpr int nestingLimit = 64;
+constexpr qint64 opacityLayerCost = 4;
+constexpr qint64 styleWorkLimit = 20'000'000; // characters of style sheets, for each element
+constexpr qint64 dashLimit = 200'000;
+constexpr double dashesPerLineLimit = 10'000; // the renderer draws finer ones as a whole line
+constexpr qint64 picturePixelsLimit = 4 * 1024 * 1024;
+
+QStringView localName(QStringView name) {
+    return name.sliced(name.lastIndexOf(u':') + 1);
+}
+
+qint64 numberCount(QStringView text) {
+    qint64 count = 0;
+    bool isInNumber = false;
+    for (const QChar c : text) {
+        const bool isDigit = c.isDigit() || c == u'.';
+        count += isDigit && !isInNumber ? 1 : 0;
+        isInNumber = isDigit;
+    }
+    return count;
+}
+
+// The number before the unit.
+double leadingNumber(QStringView text) {
+    const auto end = std::find_if(text.begin(), text.end(), [](QChar c) { return !c.isDigit() && c != u'.'; });
+    return text.first(end - text.begin()).toDouble();
+}
+
+// One reading of one picture.
+class Reading {
+public:
+    explicit Reading(const QByteArray& bytes) : m_reader(bytes) { m_reader.setNamespaceProcessing(false); }
+
+    SvgVerdict verdict() {
+        while (!m_reader.atEnd() && m_verdict == SvgVerdict::accepted) {
+            m_reader.readNext();
+            readToken();
+        }
+        if (m_verdict != SvgVerdict::accepted)
+            return m_verdict;
+        return m_reader.hasError() || m_elementCount == 0 ? SvgVerdict::damaged : weigh();
+    }
+
+private:
+    void readToken() {
+        switch (m_reader.tokenType()) {
+        case QXmlStreamReader::StartElement:
+            openElement();
+            break;
+        case QXmlStreamReader::EndElement:
+            m_open.pop_back();
+            break;
+        case QXmlStreamReader::Characters:
+            readText();
+            break;
+        case QXmlStreamReader::DTD:
+            if (m_reader.text().contains(u'['))
+                refuse(SvgVerdict::declaresEntities);
+            break;
+        case QXmlStreamReader::ProcessingInstruction:
+            if (m_reader.processingInstructionTarget() == QLatin1StringView("xml-stylesheet"))
+                refuse(SvgVerdict::reachesOutside);
+            break;
+        default:
+            break;
+        }
+    }
+
+    void refuse(SvgVerdict verdict) { m_verdict = verdict; }
+
+    void openElement() {
+        const QString name = localName(m_reader.qualifiedName()).toString();
+        if (++m_elementCount > elementLimit || m_open.size() >= nestingLimit)
+            return refuse(SvgVerdict::tooLarge);
+        if (m_elementCount == 1 && name != QLatin1StringView("svg"))
+            return refuse(SvgVerdict::damaged);
+        SvgCost cost{1, 0, 0, 0};
+        QString identifier;
+        QString reference;
+        bool isDashed = false;
+        const QXmlStreamAttributes attributes = m_reader.attributes();
+        for (const QXmlStreamAttribute& attribute : attributes) {
+            const QStringView key = localName(attribute.qualifiedName());
+            const QStringView value = attribute.value();
+            if (key == u"d" || key == u"points")
+                cost.geometry += value.size();
+            else if (key == u"id")
+                identifier = value.toString();
+            else if (key == u"href")
+                reference = readReference(name, value.trimmed());
+            else if (key == u"stroke-dasharray")
+                isDashed = noteDashes(value) || isDashed;
+            else if (key == u"viewBox" && m_elementCount == 1)
+                noteViewBox(value);
+            else if ((key == u"width" || key == u"height") && m_elementCount == 1)
+                m_extent = std::max(m_extent, leadingNumber(value));
+            else if (key == u"transform")
+                m_isScaled = m_isScaled || value.contains(u"scale") || value.contains(u"matrix");
+            if (key == u"opacity" || (key == u"style" && value.contains(u"opacity")))
+                cost.elements += opacityLayerCost;
+            if (key == u"style" && value.contains(u"stroke-dasharray"))
+                isDashed = noteStyleDashes(value) || isDashed;
+        }
+        if (name == QLatin1StringView("glyph"))
+            m_largestGlyph = std::max(m_largestGlyph, cost.geometry);
+        cost.dashedPoints = addDashes(name, attributes, isDashed);
+        const int parent = m_open.empty() ? -1 : m_open.back().index;
+        m_open.push_back({m_tree.add(parent, cost, identifier, reference), name == QLatin1StringView("style")});
+    }
+
+    void readText() {
+        if (m_open.empty())
+            return;
+        const QStringView text = m_reader.text();
+        if (!m_open.back().isStyle) {
+            m_tree.own(m_open.back().index).characters += text.trimmed().size();
+            return;
+        }
+        m_styleLength += text.size();
+        if (text.contains(u"@import"))
+            refuse(SvgVerdict::reachesOutside);
+        if (text.contains(u"stroke-dasharray"))
+            m_isEverythingDashed = noteStyleDashes(text) || m_isEverythingDashed;
+    }
+
+    // The identifier of the element that is meant; none when the renderer follows no such reference.
+    QString readReference(const QString& name, QStringView target) {
+        if (target.startsWith(u'#'))
+            return target.sliced(1).toString();
+        if (name == QLatin1StringView("image"))
+            readPicture(target);
+        else if (name != QLatin1StringView("a") && !target.isEmpty())
+            refuse(SvgVerdict::reachesOutside);
+        return {};
+    }
+
+    void readPicture(QStringView target) {
+        const qsizetype start = target.lastIndexOf(u"base64,");
+        if (!target.startsWith(u"data:image/") || start < 0)
+            return refuse(SvgVerdict::reachesOutside);
+        const QByteArray bytes = QByteArray::fromBase64(target.sliced(start + 7).toLatin1());
+        const QByteArray format = pictureFormat(bytes);
+        const QSize size =
+            format == "png" || format == "jpeg" || format == "webp" ? pictureSize(bytes, format) : QSize();
+        if (size.isEmpty())
+            return refuse(SvgVerdict::pictureTooLarge);
+        m_picturePixels += static_cast<qint64>(size.width()) * size.height();
+        if (m_picturePixels > picturePixelsLimit)
+            refuse(SvgVerdict::pictureTooLarge);
+    }
+
+    void noteViewBox(QStringView value) {
+        const QStringList numbers = value.toString().replace(u',', u' ').simplified().split(u' ');
+        if (numbers.size() == 4)
+            m_extent = std::max({m_extent, numbers[2].toDouble(), numbers[3].toDouble()});
+    }
+
+    // Whether the value makes dashes at all.
+    bool noteDashes(QStringView value) {
+        double length = 0;
+        for (const QString& number : value.toString().replace(u',', u' ').simplified().split(u' '))
+            length += number.toDouble();
+        if (value.trimmed() == u"none" || value.trimmed().isEmpty())
+            return false;
+        m_shortestPattern = std::min(m_shortestPattern, length);
+        return true;
+    }
+
+    bool noteStyleDashes(QStringView style) {
+        bool isDashed = false;
+        for (qsizetype at = style.indexOf(u"stroke-dasharray"); at >= 0;
+             at = style.indexOf(u"stroke-dasharray", at + 1)) {
+            const QStringView rest = style.sliced(at + 16);
+            const QStringView value = rest.sliced(std::max<qsizetype>(rest.indexOf(u':') + 1, 0));
+            const auto end = std::find_if(value.begin(), value.end(), [](QChar c) { return c == u';' || c == u'}'; });
+            isDashed = noteDashes(value.first(end - value.begin())) || isDashed;
+        }
+        return isDashed;
+    }
+
+    // Shapes without a description have a few curves. Dashes of a group may reach whatever is drawn in it.
+    qint64 addDashes(const QString& name, const QXmlStreamAttributes& attributes, bool isDashed) {
+        const qint64 points = std::max<qint64>(4, numberCount(attributes.value(QLatin1StringView("d"))) +
+                                                      numberCount(attributes.value(QLatin1StringView("points"))));
+        const bool isGroup = name == QLatin1StringView("g") || name == QLatin1StringView("svg") ||
+                             name == QLatin1StringView("use") || name == QLatin1StringView("a") ||
+                             name == QLatin1StringView("switch");
+        if (isDashed && isGroup)
+            m_isEverythingDashed = true;
+        return isDashed && !isGroup ? points : 0;
+    }
+
+    SvgVerdict weigh() {
+        if (m_styleLength * m_elementCount > styleWorkLimit)
+            return SvgVerdict::tooHeavy;
+        const SvgCostTree::Total total = m_tree.total(costLimit);
+        switch (total.problem) {
+        case SvgCostTree::Problem::containsItself:
+            return SvgVerdict::containsItself;
+        case SvgCostTree::Problem::tooDeep:
+        case SvgCostTree::Problem::tooHeavy:
+            return SvgVerdict::tooHeavy;
+        case SvgCostTree::Problem::none:
+            break;
+        }
+        if (total.cost.characters * m_largestGlyph > costLimit.geometry)
+            return SvgVerdict::tooHeavy;
+        return isDashingWithin(total.cost) ? SvgVerdict::accepted : SvgVerdict::tooManyDashes;
+    }
+
+    bool isDashingWithin(const SvgCost& total) const {
+        // A group's dashes count for all outlines; each number there takes two characters or more.
+        const qint64 points = m_isEverythingDashed ? total.geometry / 2 + total.elements * 4 : total.dashedPoints;
+        double dashesPerLine = dashesPerLineLimit;
+        if (m_extent > 0 && !m_isScaled && m_shortestPattern > 0)
+            dashesPerLine = std::min(dashesPerLine, 3 * m_extent / m_shortestPattern);
+        return static_cast<double>(points) * dashesPerLine <= static_cast<double>(dashLimit);
+    }
+
+    struct OpenElement {
+        int index;
+        bool isStyle;
+    };
+
+    QXmlStreamReader m_reader;
+    SvgVerdict m_verdict = SvgVerdict::accepted;
+    SvgCostTree m_tree;
+    std::vector<OpenElement> m_open;
+    qint64 m_elementCount = 0;
+    qint64 m_styleLength = 0;
+    qint64 m_picturePixels = 0;
+    qint64 m_largestGlyph = 0;
+    double m_extent = 0;
+    double m_shortestPattern = std::numeric_limits<double>::max();
+    bool m_isScaled = false;
+    bool m_isEverythingDashed = false;
+};
+
+} // namespace
+
+SvgVerdict SvgGuard::check(const QByteArray& bytes) {
+    if (bytes.size() > byteLimit)
+        return SvgVerdict::tooLarge;
+    return Reading(bytes).verdict();
+}
+
+} // namespace zelmo
