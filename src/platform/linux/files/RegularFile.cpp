@@ -1,5 +1,7 @@
 #include "platform/linux/files/RegularFile.h"
 
+#include "platform/linux/files/FileDescriptor.h"
+
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -7,28 +9,9 @@
 
 namespace zelmo {
 
-namespace {
-
-class Descriptor {
-public:
-    explicit Descriptor(int value) : m_value(value) {}
-    ~Descriptor() {
-        if (m_value >= 0)
-            close(m_value);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    int value() const { return m_value; }
-
-private:
-    int m_value;
-};
-
-} // namespace
-
 FileContents readRegularFile(int folder, const char* path, std::size_t limit) {
-    const Descriptor file(openat(folder, path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-    if (file.value() < 0)
+    const FileDescriptor file(openat(folder, path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    if (!file.isValid())
         return {errno == ENOENT || errno == ENOTDIR ? FileReadStatus::missing : FileReadStatus::unreadable, {}};
     struct stat status {};
     if (fstat(file.value(), &status) != 0 || !S_ISREG(status.st_mode))
