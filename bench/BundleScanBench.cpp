@@ -20,15 +20,14 @@ namespace {
 
 constexpr int bundleCount = 1000;
 
-// About as long as the lists of real bundles are.
-QByteArray informationOf(int number) {
+QByteArray informationOf(int number, int otherEntries) {
     QByteArray text("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                     "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
                     "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n<plist version=\"1.0\">\n<dict>\n");
     for (const char* key : {"CFBundleDisplayName", "CFBundleName", "CFBundleIconFile", "CFBundleExecutable"})
         text += "\t<key>" + QByteArray(key) + "</key>\n\t<string>Program " + QByteArray::number(number) + "</string>\n";
     text += "\t<key>LSApplicationCategoryType</key>\n\t<string>public.app-category.utilities</string>\n";
-    for (int i = 0; i < 40; ++i)
+    for (int i = 0; i < otherEntries; ++i)
         text += "\t<key>OtherKey" + QByteArray::number(i) +
                 "</key>\n\t<array>\n\t\t<string>value</string>\n\t\t<dict>" +
                 "<key>a</key><integer>1</integer></dict>\n\t</array>\n";
@@ -37,12 +36,12 @@ QByteArray informationOf(int number) {
 
 class Bundles {
 public:
-    Bundles() {
+    explicit Bundles(int otherEntries) {
         for (int i = 0; i < bundleCount; ++i) {
             const QString contents = m_folder.filePath(QStringLiteral("Program %1.app/Contents").arg(i));
             QDir().mkpath(contents);
             QFile file(QString(contents + QLatin1StringView("/Info.plist")));
-            if (!file.open(QFile::WriteOnly) || file.write(informationOf(i)) < 0)
+            if (!file.open(QFile::WriteOnly) || file.write(informationOf(i, otherEntries)) < 0)
                 qFatal("The bundles can't be made");
         }
     }
@@ -52,8 +51,10 @@ private:
     QTemporaryDir m_folder;
 };
 
+// The argument is the number of entries besides those that the program reads, each with an array and
+// a dictionary in it: 1, 2 and 5 KiB for each bundle.
 void scanBundles(benchmark::State& state) {
-    const Bundles bundles;
+    const Bundles bundles(static_cast<int>(state.range(0)));
     const PlistBundleReader reader;
     const BundleSource source({bundles.root()}, reader);
     for (auto _ : state) {
@@ -62,10 +63,10 @@ void scanBundles(benchmark::State& state) {
             state.SkipWithError("not all bundles were found");
     }
 }
-BENCHMARK(scanBundles)->Unit(benchmark::kMillisecond);
+BENCHMARK(scanBundles)->Arg(0)->Arg(10)->Arg(40)->Unit(benchmark::kMillisecond);
 
 void readTheSameFiles(benchmark::State& state) {
-    const Bundles bundles;
+    const Bundles bundles(static_cast<int>(state.range(0)));
     QList<QByteArray> paths;
     for (int i = 0; i < bundleCount; ++i)
         paths.append(bundles.root().nativePath() + "/Program " + QByteArray::number(i) + ".app/Contents/Info.plist");
@@ -74,7 +75,7 @@ void readTheSameFiles(benchmark::State& state) {
             benchmark::DoNotOptimize(readRegularFile(path, 1024 * 1024));
     }
 }
-BENCHMARK(readTheSameFiles)->Unit(benchmark::kMillisecond);
+BENCHMARK(readTheSameFiles)->Arg(0)->Arg(10)->Arg(40)->Unit(benchmark::kMillisecond);
 
 void writePreferences(benchmark::State& state) {
     const QTemporaryDir folder;
@@ -90,7 +91,7 @@ void writePreferences(benchmark::State& state) {
 BENCHMARK(writePreferences)->Unit(benchmark::kMillisecond);
 
 void watchTheContentsOfBundles(benchmark::State& state) {
-    const Bundles bundles;
+    const Bundles bundles(0);
     const PlistBundleReader reader;
     const QList<FileUrl> folders = BundleSource({bundles.root()}, reader).list().folders;
     InotifyFolderWatcher watcher;
