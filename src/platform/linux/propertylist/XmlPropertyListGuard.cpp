@@ -6,6 +6,8 @@ namespace zelmo {
 
 namespace {
 
+constexpr std::size_t movesPerByte = 256;
+
 // Takes markup apart only where there is one way to read it. A quoted ">" or a tag within a tag,
 // which a more careless reader would see differently, is refused.
 class XmlScan {
@@ -16,11 +18,17 @@ public:
         // A text cut short by a zero byte would be another text to the parser.
         if (m_text.find('\0') != std::string_view::npos)
             return false;
-        while ((m_position = m_text.find('<', m_position)) != std::string_view::npos) {
+        for (;;) {
+            const std::size_t next = std::min(m_text.find('<', m_position), m_text.size());
+            const std::string_view text = m_text.substr(m_position, next - m_position);
+            m_textBytes += text.size();
+            m_entities += static_cast<std::size_t>(std::count(text.begin(), text.end(), '&'));
+            if (next == m_text.size())
+                return endText();
+            m_position = next;
             if (!markup())
                 return false;
         }
-        return true;
     }
 
 private:
@@ -29,6 +37,8 @@ private:
             return skipPast("-->", 4) && countNode();
         if (startsWith("<![CDATA["))
             return skipPast("]]>", 9) && countNode();
+        if (!endText())
+            return false;
         const std::size_t start = m_position + 1;
         const std::size_t end = unquotedEnd(start);
         if (end == std::string_view::npos)
@@ -90,8 +100,16 @@ private:
         const std::size_t end = m_text.find(closing, m_position + openingLength);
         if (end == std::string_view::npos)
             return false;
+        m_textBytes += end - m_position;
         m_position = end + closing.size();
         return true;
+    }
+
+    // The parser moves the rest of a text for every entity in it.
+    bool endText() {
+        m_movedBytes += m_textBytes * m_entities;
+        m_textBytes = m_entities = 0;
+        return m_movedBytes <= movesPerByte * m_limits.bytes;
     }
 
     bool countNode() { return ++m_nodes <= m_limits.nodes; }
@@ -100,6 +118,9 @@ private:
     const PropertyListLimits& m_limits;
     std::size_t m_position = 0;
     std::size_t m_nodes = 0;
+    std::size_t m_textBytes = 0;
+    std::size_t m_entities = 0;
+    std::size_t m_movedBytes = 0;
     std::vector<std::string_view> m_open;
 };
 

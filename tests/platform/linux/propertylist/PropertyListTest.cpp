@@ -200,6 +200,5 @@ private Q_SLOTS:
     }
 };
 
-
 QTEST_GUILESS_MAIN(PropertyListTest)
 #include "PropertyListTest.moc"
