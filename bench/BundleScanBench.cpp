@@ -22,8 +22,8 @@ constexpr int bundleCount = 1000;
 
 QByteArray informationOf(int number, int otherEntries) {
     QByteArray text("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                    "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
-                    "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n<plist version=\"1.0\">\n<dict>\n");
+                    "<!DOCTYPE plist PUBLIC \"-//Example//DTD PLIST 1.0//EN\" "
+                    "\"http://www.example.org/PropertyList-1.0.dtd\">\n<plist version=\"1.0\">\n<dict>\n");
     for (const char* key : {"CFBundleDisplayName", "CFBundleName", "CFBundleIconFile", "CFBundleExecutable"})
         text += "\t<key>" + QByteArray(key) + "</key>\n\t<string>Program " + QByteArray::number(number) + "</string>\n";
     text += "\t<key>LSApplicationCategoryType</key>\n\t<string>public.app-category.utilities</string>\n";

@@ -17,8 +17,8 @@ namespace {
 constexpr PropertyListLimits limits{.bytes = 64 * 1024 * 1024};
 
 QByteArray dictionary(const QByteArray& entries) {
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
-           "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n<plist version=\"1.0\">\n<dict>" +
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE plist PUBLIC \"-//Example//DTD PLIST 1.0//EN\" "
+           "\"http://www.example.org/PropertyList-1.0.dtd\">\n<plist version=\"1.0\">\n<dict>" +
            entries + "</dict>\n</plist>\n";
 }
 
