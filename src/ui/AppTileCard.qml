@@ -6,20 +6,19 @@ Item {
 
     required property WallStyle style
     required property IconCache icons
-    property var app
-    property string name
-    property var appIcon
-    property string categoryLabel
-    property color accentColor
+    required property var app
+    required property string name
+    required property var appIcon
+    required property string categoryLabel
+    required property color accentColor
 
-    signal launched(var app)
+    signal launched()
 
     width: WallMetrics.columnWidth
-    implicitHeight: labels.y + labels.height + WallMetrics.cardPadding
 
     Accessible.role: Accessible.Button
     Accessible.name: name
-    Accessible.onPressAction: card.launched(card.app)
+    Accessible.onPressAction: card.launched()
 
     AppIconItem {
         x: (parent.width - width) / 2
@@ -65,6 +64,6 @@ Item {
     }
 
     TapHandler {
-        onTapped: card.launched(card.app)
+        onTapped: card.launched()
     }
 }

@@ -87,7 +87,7 @@ Item {
         GridView {
             id: grid
 
-            readonly property real cardHeight: Math.max(WallMetrics.cardMinimumHeight, cardModel.implicitHeight)
+            readonly property real cardHeight: Math.max(WallMetrics.cardMinimumHeight, 2 * WallMetrics.cardPadding + WallMetrics.cardIconFrame + WallMetrics.cardSpacing + Math.ceil(nameMetrics.height) + WallMetrics.labelSpacing + Math.ceil(categoryMetrics.height))
 
             anchors {
                 top: panel.bottom
@@ -128,14 +128,16 @@ Item {
         }
     }
 
-    // Never seen: tells how high a card is with the present fonts.
-    AppTileCard {
-        id: cardModel
+    FontMetrics {
+        id: nameMetrics
 
-        visible: false
-        style: wall.style
-        icons: null
-        name: " "
-        categoryLabel: " "
+        font.pixelSize: wall.style.appNameFontSize
+        font.weight: Font.DemiBold
+    }
+    FontMetrics {
+        id: categoryMetrics
+
+        font.pixelSize: wall.style.appCategoryFontSize
+        font.weight: Font.Bold
     }
 }

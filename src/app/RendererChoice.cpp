@@ -1,0 +1,33 @@
+#include "app/RendererChoice.h"
+
+#include <QQuickWindow>
+#include <QSGRendererInterface>
+
+#include <filesystem>
+#include <unistd.h>
+
+namespace zelmo {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool hasUsableRenderNode() {
+    std::error_code error;
+    for (fs::directory_iterator node("/dev/dri", error); !error && node != fs::directory_iterator();
+         node.increment(error)) {
+        if (node->path().filename().native().starts_with("renderD") && access(node->path().c_str(), R_OK | W_OK) == 0)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+void chooseRenderer() {
+    if (!hasUsableRenderNode())
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
+}
+
+} // namespace zelmo

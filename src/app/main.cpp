@@ -1,0 +1,48 @@
+#include "app/LinuxBackends.h"
+#include "app/RendererChoice.h"
+#include "app/TerminationSignals.h"
+#include "catalog/LauncherStore.h"
+#include "overlay/OverlayWindow.h"
+#include "overlay/OverlayWindowController.h"
+#include "preferences/Preferences.h"
+#include "ui/IconCache.h"
+#include "ui/WallView.h"
+
+#include <QGuiApplication>
+
+int main(int argc, char* argv[]) {
+    using namespace zelmo;
+
+    chooseRenderer();
+    QGuiApplication application(argc, argv);
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Zelmo"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.zelmo.Zelmo"));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    const TerminationSignals signalsEndTheLoop;
+
+    LinuxBackends backends;
+    // The wall opens by itself, so what is typed from here on is meant for it.
+    backends.keyboardBuffer.begin();
+
+    Preferences preferences(backends.preferencesFile);
+    IconCache icons(backends.iconSource);
+    const auto makeOverlay = [&](LauncherStore& store) -> std::unique_ptr<Overlay> {
+        return std::make_unique<OverlayWindowController>(
+            store, OverlayServices{
+                       .mainScreen = backends.mainScreen,
+                       .keyboardBuffer = backends.keyboardBuffer,
+                       .loadContent = [&](OverlayWindow& window) { loadWall(window, store, preferences, icons); }});
+    };
+    LauncherStore store(backends.makeScanner(), {.preferences = preferences,
+                                                 .workspace = backends.workspace,
+                                                 .folderWatcher = backends.folderWatcher,
+                                                 .makeOverlay = makeOverlay});
+    // The scan is queued already and runs beside the loading of the wall.
+    QMetaObject::invokeMethod(&store, &LauncherStore::showOverlay, Qt::QueuedConnection);
+    // Nothing can bring a hidden wall back yet.
+    QObject::connect(&store, &LauncherStore::overlayIsVisibleChanged, &application, [&store] {
+        if (!store.overlayIsVisible())
+            QCoreApplication::quit();
+    });
+    return QGuiApplication::exec();
+}

@@ -1,0 +1,175 @@
+#include "support/DesktopSession.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QThread>
+
+#include <csignal>
+#include <xcb/xcb.h>
+
+namespace zelmo::test {
+
+namespace {
+
+constexpr int longestWait = 15000;
+
+bool hasWindowManager(const XDisplay& display) {
+    const char name[] = "_NET_SUPPORTING_WM_CHECK";
+    xcb_connection_t* connection = display.connection();
+    auto* atom = xcb_intern_atom_reply(connection, xcb_intern_atom(connection, 0, sizeof name - 1, name), nullptr);
+    auto* property = xcb_get_property_reply(
+        connection, xcb_get_property(connection, 0, display.root(), atom->atom, XCB_ATOM_WINDOW, 0, 1), nullptr);
+    const bool found = property && xcb_get_property_value_length(property) > 0;
+    std::free(atom);
+    std::free(property);
+    return found;
+}
+
+} // namespace
+
+std::unique_ptr<DesktopSession> DesktopSession::start(const DesktopOptions& options) {
+    std::unique_ptr<DesktopSession> session(new DesktopSession);
+    session->m_environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"QT_QPA_PLATFORM", "QT_QUICK_BACKEND", "WAYLAND_DISPLAY", "XDG_DATA_HOME",
+                             "XDG_CONFIG_HOME", "XDG_CURRENT_DESKTOP", "DESKTOP_STARTUP_ID", "QT_IM_MODULE"})
+        session->m_environment.remove(QString::fromLatin1(name));
+    const QString home = session->home();
+    session->m_environment.insert(QStringLiteral("HOME"), home);
+    session->m_environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), home + QStringLiteral("/run"));
+    QDir(home).mkdir(QStringLiteral("run"));
+    QFile::setPermissions(home + QStringLiteral("/run"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QDir(home).mkdir(QStringLiteral("launched"));
+
+    if (!session->startServer(options.screen) || !session->startBus() ||
+        (!options.windowManager.isEmpty() && !session->startWindowManager(options.windowManager)))
+        return nullptr;
+    // After the services, which find their own data in the system's folders.
+    session->m_environment.insert(QStringLiteral("XDG_DATA_DIRS"), home + QStringLiteral("/share"));
+    return session;
+}
+
+DesktopSession::~DesktopSession() {
+    for (const auto& program : m_programs) {
+        if (program->state() != QProcess::NotRunning) {
+            program->terminate();
+            if (!program->waitForFinished(5000))
+                program->kill();
+        }
+    }
+    m_programs.clear();
+    m_display.reset();
+    for (QProcess* process : {m_windowManager.get(), m_bus.get(), m_server.get()}) {
+        if (!process)
+            continue;
+        process->kill();
+        process->waitForFinished(5000);
+    }
+}
+
+void DesktopSession::writeFile(const QString& path, const QByteArray& contents) const {
+    const QString whole = home() + u'/' + path;
+    QDir().mkpath(QFileInfo(whole).path());
+    QFile file(whole);
+    if (!file.open(QFile::WriteOnly) || file.write(contents) != contents.size())
+        qFatal("%s can't be written", qPrintable(whole));
+}
+
+void DesktopSession::installEntry(const QString& name, const QByteArray& moreLines) const {
+    const QString mark = home() + QStringLiteral("/launched/") + name;
+    writeFile(QStringLiteral(".local/share/applications/") + name + QStringLiteral(".desktop"),
+              "[Desktop Entry]\nType=Application\nName=" + name.toUtf8() + "\nExec=touch \"" + mark.toUtf8() + "\"\n" +
+                  moreLines);
+}
+
+QStringList DesktopSession::launched() const {
+    return QDir(home() + QStringLiteral("/launched")).entryList(QDir::Files, QDir::Name);
+}
+
+QProcess& DesktopSession::startProgram(const QString& program, const QStringList& arguments) {
+    m_programs.push_back(spawn(program, arguments));
+    return *m_programs.back();
+}
+
+bool DesktopSession::waitFor(const std::function<bool()>& condition) {
+    QElapsedTimer timer;
+    timer.start();
+    while (!condition()) {
+        if (timer.hasExpired(longestWait))
+            return false;
+        QCoreApplication::processEvents();
+        QThread::msleep(2);
+    }
+    return true;
+}
+
+std::unique_ptr<QProcess> DesktopSession::spawn(const QString& program, const QStringList& arguments) const {
+    auto process = std::make_unique<QProcess>();
+    process->setProcessEnvironment(m_environment);
+    process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process->start(program, arguments);
+    if (!process->waitForStarted())
+        qWarning("%s does not start: %s", qPrintable(program), qPrintable(process->errorString()));
+    return process;
+}
+
+bool DesktopSession::startServer(QSize screen) {
+    auto server = std::make_unique<QProcess>();
+    server->setProcessEnvironment(m_environment);
+    server->setStandardErrorFile(home() + QStringLiteral("/server.log"));
+    server->start(QStringLiteral("Xvfb"),
+                  {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"), QStringLiteral("0"),
+                   QStringLiteral("%1x%2x24").arg(screen.width()).arg(screen.height()), QStringLiteral("-nolisten"),
+                   QStringLiteral("tcp"), QStringLiteral("-dpi"), QStringLiteral("96")});
+    QByteArray number;
+    if (!server->waitForStarted() || !waitFor([&] {
+            server->waitForReadyRead(20);
+            number += server->readAllStandardOutput();
+            return number.endsWith('\n');
+        })) {
+        qWarning("no X server starts");
+        return false;
+    }
+    m_displayName = u':' + QString::fromLatin1(number.trimmed());
+    m_environment.insert(QStringLiteral("DISPLAY"), m_displayName);
+    m_server = std::move(server);
+    m_display = XDisplay::open(m_displayName);
+    return m_display != nullptr;
+}
+
+bool DesktopSession::startBus() {
+    auto bus = std::make_unique<QProcess>();
+    bus->setProcessEnvironment(m_environment);
+    bus->setStandardErrorFile(home() + QStringLiteral("/bus.log"));
+    bus->start(QStringLiteral("dbus-daemon"),
+               {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1")});
+    QByteArray address;
+    if (!bus->waitForStarted() || !waitFor([&] {
+            bus->waitForReadyRead(20);
+            address += bus->readAllStandardOutput();
+            return address.endsWith('\n');
+        })) {
+        qWarning("no session bus starts");
+        return false;
+    }
+    m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QString::fromLatin1(address.trimmed()));
+    m_bus = std::move(bus);
+    return true;
+}
+
+bool DesktopSession::startWindowManager(const QString& program) {
+    m_windowManagerName = program;
+    m_windowManager = std::make_unique<QProcess>();
+    m_windowManager->setProcessEnvironment(m_environment);
+    m_windowManager->setStandardErrorFile(home() + QStringLiteral("/windowmanager.log"));
+    m_windowManager->start(program, QStringList());
+    if (!m_windowManager->waitForStarted() || !waitFor([this] { return hasWindowManager(*m_display); })) {
+        qWarning("%s does not start", qPrintable(program));
+        return false;
+    }
+    return true;
+}
+
+} // namespace zelmo::test

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "support/XDisplay.h"
+
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QTemporaryDir>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace zelmo::test {
+
+struct DesktopOptions {
+    QSize screen{1280, 800};
+    // The program that manages windows; none when empty.
+    QString windowManager = QStringLiteral("openbox");
+};
+
+// A desktop of one's own: an X server, a session bus, a window manager and a home folder that only
+// the programs started here know. Ends all of it, and what was started on it, when it goes.
+class DesktopSession {
+public:
+    // Null, with a warning that says why, when a part of it does not start.
+    static std::unique_ptr<DesktopSession> start(const DesktopOptions& options = {});
+    ~DesktopSession();
+    DesktopSession(const DesktopSession&) = delete;
+    DesktopSession& operator=(const DesktopSession&) = delete;
+
+    XDisplay& display() const { return *m_display; }
+    QString displayName() const { return m_displayName; }
+    QString home() const { return m_home.path(); }
+    QString windowManagerName() const { return m_windowManagerName; }
+    qint64 windowManagerProcess() const { return m_windowManager ? m_windowManager->processId() : 0; }
+    // For programs on this desktop.
+    QProcessEnvironment environment() const { return m_environment; }
+
+    // Writes a file below the home folder, with its folders.
+    void writeFile(const QString& path, const QByteArray& contents) const;
+    // An entry in the user's own folder that, when launched, leaves a file of the entry's name in `launched()`.
+    void installEntry(const QString& name, const QByteArray& moreLines = {}) const;
+    QStringList launched() const;
+
+    // Starts a program and gives it up to the session, which ends it.
+    QProcess& startProgram(const QString& program, const QStringList& arguments = {});
+
+    // Waits until the condition holds, handling events meanwhile; false after 15 seconds.
+    static bool waitFor(const std::function<bool()>& condition);
+
+private:
+    DesktopSession() = default;
+
+    bool startServer(QSize screen);
+    bool startBus();
+    bool startWindowManager(const QString& program);
+    std::unique_ptr<QProcess> spawn(const QString& program, const QStringList& arguments) const;
+
+    QTemporaryDir m_home;
+    QProcessEnvironment m_environment;
+    QString m_displayName;
+    QString m_windowManagerName;
+    std::unique_ptr<QProcess> m_server;
+    std::unique_ptr<QProcess> m_bus;
+    std::unique_ptr<QProcess> m_windowManager;
+    std::unique_ptr<XDisplay> m_display;
+    std::vector<std::unique_ptr<QProcess>> m_programs;
+};
+
+} // namespace zelmo::test

@@ -1,0 +1,180 @@
+#include "support/XDisplay.h"
+
+#include <cstdlib>
+#include <vector>
+#include <xcb/xtest.h>
+
+namespace zelmo::test {
+
+namespace {
+
+struct FreeDeleter {
+    void operator()(void* memory) const { std::free(memory); }
+};
+
+template <typename Reply>
+using Owned = std::unique_ptr<Reply, FreeDeleter>;
+
+constexpr xcb_keysym_t shiftKey = 0xffe1;
+
+xcb_atom_t atomNamed(xcb_connection_t* connection, const QByteArray& name) {
+    const Owned<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
+        connection, xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.constData()),
+        nullptr));
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+}
+
+QString titleOf(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property) {
+    const Owned<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+        connection, xcb_get_property(connection, 0, window, property, XCB_ATOM_ANY, 0, 256), nullptr));
+    if (!reply)
+        return {};
+    return QString::fromUtf8(static_cast<const char*>(xcb_get_property_value(reply.get())),
+                             xcb_get_property_value_length(reply.get()));
+}
+
+} // namespace
+
+std::unique_ptr<XDisplay> XDisplay::open(const QString& name) {
+    xcb_connection_t* connection = xcb_connect(name.toLatin1().constData(), nullptr);
+    if (xcb_connection_has_error(connection)) {
+        xcb_disconnect(connection);
+        return nullptr;
+    }
+    return std::unique_ptr<XDisplay>(new XDisplay(connection));
+}
+
+XDisplay::XDisplay(xcb_connection_t* connection)
+    : m_connection(connection), m_screen(xcb_setup_roots_iterator(xcb_get_setup(connection)).data) {}
+
+XDisplay::~XDisplay() {
+    xcb_disconnect(m_connection);
+}
+
+QSize XDisplay::size() const {
+    return {m_screen->width_in_pixels, m_screen->height_in_pixels};
+}
+
+std::optional<xcb_window_t> XDisplay::viewableWindow(const QString& title) const {
+    const xcb_atom_t name = atomNamed(m_connection, "_NET_WM_NAME");
+    std::vector<xcb_window_t> pending{root()};
+    while (!pending.empty()) {
+        const xcb_window_t window = pending.back();
+        pending.pop_back();
+        const auto attributesCookie = xcb_get_window_attributes(m_connection, window);
+        const auto treeCookie = xcb_query_tree(m_connection, window);
+        const Owned<xcb_get_window_attributes_reply_t> attributes(
+            xcb_get_window_attributes_reply(m_connection, attributesCookie, nullptr));
+        const Owned<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(m_connection, treeCookie, nullptr));
+        if (attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE &&
+            titleOf(m_connection, window, name) == title)
+            return window;
+        if (tree) {
+            const xcb_window_t* children = xcb_query_tree_children(tree.get());
+            pending.insert(pending.end(), children, children + xcb_query_tree_children_length(tree.get()));
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<QRect> XDisplay::geometry(xcb_window_t window) const {
+    const auto geometryCookie = xcb_get_geometry(m_connection, window);
+    const auto originCookie = xcb_translate_coordinates(m_connection, window, root(), 0, 0);
+    const Owned<xcb_get_geometry_reply_t> reply(xcb_get_geometry_reply(m_connection, geometryCookie, nullptr));
+    const Owned<xcb_translate_coordinates_reply_t> origin(
+        xcb_translate_coordinates_reply(m_connection, originCookie, nullptr));
+    if (!reply || !origin)
+        return std::nullopt;
+    return QRect(origin->dst_x, origin->dst_y, reply->width, reply->height);
+}
+
+xcb_window_t XDisplay::focusedWindow() const {
+    const Owned<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+    return reply ? reply->focus : xcb_window_t{XCB_WINDOW_NONE};
+}
+
+bool XDisplay::keyboardIsGrabbed() const {
+    const Owned<xcb_grab_keyboard_reply_t> reply(xcb_grab_keyboard_reply(
+        m_connection,
+        xcb_grab_keyboard(m_connection, 1, root(), XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
+        nullptr));
+    const bool isFree = reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+    if (isFree) {
+        xcb_ungrab_keyboard(m_connection, XCB_CURRENT_TIME);
+        synchronize();
+    }
+    return !isFree;
+}
+
+void XDisplay::sendKey(xcb_keycode_t code, bool press) const {
+    xcb_test_fake_input(m_connection, press ? XCB_KEY_PRESS : XCB_KEY_RELEASE, code, XCB_CURRENT_TIME, root(), 0, 0, 0);
+}
+
+bool XDisplay::typeKey(xcb_keysym_t symbol) const {
+    const xcb_setup_t* setup = xcb_get_setup(m_connection);
+    const auto count = static_cast<std::uint8_t>(setup->max_keycode - setup->min_keycode + 1);
+    const Owned<xcb_get_keyboard_mapping_reply_t> mapping(xcb_get_keyboard_mapping_reply(
+        m_connection, xcb_get_keyboard_mapping(m_connection, setup->min_keycode, count), nullptr));
+    if (!mapping)
+        return false;
+    const xcb_keysym_t* symbols = xcb_get_keyboard_mapping_keysyms(mapping.get());
+    const int width = mapping->keysyms_per_keycode;
+    const auto codeOf = [&](xcb_keysym_t wanted, int level) {
+        for (int code = 0; code < count; ++code) {
+            if (symbols[code * width + level] == wanted)
+                return static_cast<xcb_keycode_t>(setup->min_keycode + code);
+        }
+        return xcb_keycode_t{0};
+    };
+    if (const xcb_keycode_t plain = codeOf(symbol, 0)) {
+        sendKey(plain, true);
+        sendKey(plain, false);
+    } else if (const xcb_keycode_t shifted = codeOf(symbol, 1)) {
+        const xcb_keycode_t shift = codeOf(shiftKey, 0);
+        sendKey(shift, true);
+        sendKey(shifted, true);
+        sendKey(shifted, false);
+        sendKey(shift, false);
+    } else {
+        return false;
+    }
+    synchronize();
+    return true;
+}
+
+bool XDisplay::typeText(const QString& text) const {
+    // The symbols of Latin-1 characters are the characters' codes.
+    return std::all_of(text.cbegin(), text.cend(), [this](QChar c) { return typeKey(c.unicode()); });
+}
+
+void XDisplay::movePointer(QPoint position) const {
+    xcb_test_fake_input(m_connection, XCB_MOTION_NOTIFY, 0, XCB_CURRENT_TIME, root(),
+                        static_cast<std::int16_t>(position.x()), static_cast<std::int16_t>(position.y()), 0);
+    synchronize();
+}
+
+void XDisplay::click(QPoint position) const {
+    movePointer(position);
+    xcb_test_fake_input(m_connection, XCB_BUTTON_PRESS, 1, XCB_CURRENT_TIME, root(), 0, 0, 0);
+    xcb_test_fake_input(m_connection, XCB_BUTTON_RELEASE, 1, XCB_CURRENT_TIME, root(), 0, 0, 0);
+    synchronize();
+}
+
+void XDisplay::synchronize() const {
+    focusedWindow();
+}
+
+QImage XDisplay::screenshot() const {
+    const QSize area = size();
+    const Owned<xcb_get_image_reply_t> reply(xcb_get_image_reply(
+        m_connection,
+        xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, root(), 0, 0, static_cast<std::uint16_t>(area.width()),
+                      static_cast<std::uint16_t>(area.height()), ~0U),
+        nullptr));
+    if (!reply)
+        return {};
+    return QImage(xcb_get_image_data(reply.get()), area.width(), area.height(), QImage::Format_RGB32).copy();
+}
+
+} // namespace zelmo::test

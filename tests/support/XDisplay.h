@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QImage>
+#include <QPoint>
+#include <QRect>
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <xcb/xcb.h>
+
+namespace zelmo::test {
+
+// A client of an X server that looks at the screen and does what a person's hands do: real key and
+// pointer events through the XTEST extension.
+class XDisplay {
+public:
+    // Null when there is no server with this name, such as ":7".
+    static std::unique_ptr<XDisplay> open(const QString& name);
+    ~XDisplay();
+    XDisplay(const XDisplay&) = delete;
+    XDisplay& operator=(const XDisplay&) = delete;
+
+    xcb_connection_t* connection() const { return m_connection; }
+    xcb_window_t root() const { return m_screen->root; }
+    QSize size() const;
+
+    // The viewable window with this title, at any depth.
+    std::optional<xcb_window_t> viewableWindow(const QString& title) const;
+    // In the root's pixels.
+    std::optional<QRect> geometry(xcb_window_t window) const;
+    xcb_window_t focusedWindow() const;
+    bool keyboardIsGrabbed() const;
+
+    // Presses and releases one key; a shifted one with Shift. False when the layout lacks it.
+    bool typeKey(xcb_keysym_t symbol) const;
+    bool typeText(const QString& text) const;
+    void movePointer(QPoint position) const;
+    void click(QPoint position) const;
+    // Returns when the server has done all that was asked before.
+    void synchronize() const;
+
+    QImage screenshot() const;
+
+private:
+    explicit XDisplay(xcb_connection_t* connection);
+
+    void sendKey(xcb_keycode_t code, bool press) const;
+
+    xcb_connection_t* m_connection;
+    xcb_screen_t* m_screen;
+};
+
+inline constexpr xcb_keysym_t escapeKey = 0xff1b;
+inline constexpr xcb_keysym_t backspaceKey = 0xff08;
+inline constexpr xcb_keysym_t returnKey = 0xff0d;
+inline constexpr xcb_keysym_t pageDownKey = 0xff56;
+
+} // namespace zelmo::test
