@@ -105,6 +105,5 @@ private Q_SLOTS:
     }
 };
 
-
 QTEST_GUILESS_MAIN(AppCategoryTest)
 #include "AppCategoryTest.moc"
