@@ -123,14 +123,19 @@ void measureOnce(test::DesktopSession& session, const QString& program, Figures&
 
 int main(int argc, char* argv[]) {
     QCoreApplication application(argc, argv);
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: stopwatch PROGRAM\n");
+    if (argc < 2) {
+        std::fprintf(stderr, "usage: stopwatch PROGRAM [NUMBER-OF-APPLICATIONS]...\n");
         return 2;
     }
+    QList<int> counts;
+    for (int i = 2; i < argc; ++i)
+        counts.append(QByteArray(argv[i]).toInt());
+    if (counts.isEmpty())
+        counts = {200, 1000, 10000};
     QTextStream out(stdout);
     out << "| applications | start to first frame, ms | start to all icons, ms | key to narrowed wall, ms "
            "| key to widened wall, ms | proportional memory, MiB |\n|---|---|---|---|---|---|\n";
-    for (const int count : {200, 1000, 10000}) {
+    for (const int count : std::as_const(counts)) {
         const auto session = test::DesktopSession::start({.screen = screenSize});
         if (!session)
             return 1;

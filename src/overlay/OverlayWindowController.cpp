@@ -12,7 +12,6 @@ namespace zelmo {
 OverlayWindowController::OverlayWindowController(LauncherStore& store, OverlayServices services)
     : m_services(std::move(services)), m_window(std::make_unique<OverlayWindow>()) {
     m_window->onEscape = [&store] { store.hideOverlay(); };
-    m_services.loadContent(*m_window);
 }
 
 OverlayWindowController::~OverlayWindowController() = default;
@@ -26,6 +25,11 @@ void OverlayWindowController::show() {
     m_window->showFullScreen();
     m_window->raise();
     m_window->requestActivate();
+    // The window manager maps the window while the content is loaded; nothing is painted before both are done.
+    if (m_content == Content::missing) {
+        m_services.loadContent(*m_window);
+        m_content = Content::loaded;
+    }
     m_services.keyboardBuffer.deliverTo(*m_window);
 }
 

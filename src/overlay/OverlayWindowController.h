@@ -16,7 +16,7 @@ class OverlayWindow;
 struct OverlayServices {
     MainScreen& mainScreen;
     KeyboardBuffer& keyboardBuffer;
-    // Puts the wall's content into the window.
+    // Puts the wall's content into the window, once.
     std::function<void(OverlayWindow&)> loadContent;
 };
 
@@ -31,8 +31,11 @@ public:
     void hide() override;
 
 private:
+    enum class Content { missing, loaded };
+
     OverlayServices m_services;
     std::unique_ptr<OverlayWindow> m_window;
+    Content m_content = Content::missing;
 };
 
 } // namespace zelmo

@@ -1,11 +1,39 @@
 #include "ui/BackgroundItem.h"
 
-#include <QLinearGradient>
-#include <QPainter>
+#include "iconart/DiagonalGradient.h"
+
 #include <QQuickWindow>
 #include <QSGImageNode>
+#include <QSGTexture>
 
 namespace zelmo {
+
+namespace {
+
+// Bands that share one texture.
+class GradientNode : public QSGNode {
+public:
+    // `size` is in points.
+    GradientNode(QQuickWindow& window, const QList<QColor>& colors, QSizeF size) {
+        const double scale = window.effectiveDevicePixelRatio();
+        const QSize pixels = (size * scale).toSize();
+        const DiagonalGradient gradient(colors, pixels);
+        m_texture.reset(window.createTextureFromImage(gradient.band(), QQuickWindow::TextureIsOpaque));
+        for (int y = 0; y < pixels.height(); y += DiagonalGradient::bandHeight) {
+            const int height = std::min(DiagonalGradient::bandHeight, pixels.height() - y);
+            QSGImageNode* band = window.createImageNode();
+            band->setTexture(m_texture.get());
+            band->setSourceRect(gradient.bandStart(y), 0, pixels.width(), height);
+            band->setRect(QRectF(0, y / scale, pixels.width() / scale, height / scale));
+            appendChildNode(band);
+        }
+    }
+
+private:
+    std::unique_ptr<QSGTexture> m_texture;
+};
+
+} // namespace
 
 BackgroundItem::BackgroundItem() {
     setFlag(ItemHasContents);
@@ -25,25 +53,11 @@ QSGNode* BackgroundItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
         delete node;
         return nullptr;
     }
-    auto* imageNode = static_cast<QSGImageNode*>(node);
-    if (!imageNode) {
-        imageNode = window()->createImageNode();
-        imageNode->setOwnsTexture(true);
-        m_stale = true;
-    }
-    if (m_stale) {
-        QImage image((area.size() * window()->effectiveDevicePixelRatio()).toSize(), QImage::Format_RGB32);
-        QLinearGradient gradient(QPointF(0, 0), QPointF(image.width(), image.height()));
-        for (qsizetype i = 0; i < m_colors.size(); ++i)
-            gradient.setColorAt(m_colors.size() < 2 ? 0
-                                                    : static_cast<double>(i) / static_cast<double>(m_colors.size() - 1),
-                                m_colors[i]);
-        QPainter(&image).fillRect(image.rect(), gradient);
-        imageNode->setTexture(window()->createTextureFromImage(image, QQuickWindow::TextureIsOpaque));
-        imageNode->setRect(area);
-        m_stale = false;
-    }
-    return imageNode;
+    if (node && !m_stale)
+        return node;
+    m_stale = false;
+    delete node;
+    return new GradientNode(*window(), m_colors, area.size());
 }
 
 void BackgroundItem::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {

@@ -5,8 +5,7 @@
 
 namespace zelmo {
 
-// Fills itself with a gradient from its top-leading to its bottom-trailing corner, painted once for
-// each size and list of colours, so that a repaint of the wall only copies it.
+// Fills itself with a gradient from its top-leading to its bottom-trailing corner.
 class BackgroundItem : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
