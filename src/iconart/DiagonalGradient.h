@@ -12,7 +12,7 @@ namespace zelmo {
 // the surface. Lengths are pixels. A value; any thread.
 class DiagonalGradient {
 public:
-    static constexpr int bandHeight = 16;
+    static constexpr int bandHeight = 64;
 
     // The stops are evenly spaced; no stop is black, one fills everything.
     DiagonalGradient(const QList<QColor>& stops, QSize size);

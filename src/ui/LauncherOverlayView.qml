@@ -84,32 +84,39 @@ Item {
             }
         }
 
-        GridView {
-            id: grid
-
-            readonly property real cardHeight: Math.max(WallMetrics.cardMinimumHeight, 2 * WallMetrics.cardPadding + WallMetrics.cardIconFrame + WallMetrics.cardSpacing + Math.ceil(nameMetrics.height) + WallMetrics.labelSpacing + Math.ceil(categoryMetrics.height))
+        Flickable {
+            id: area
 
             anchors {
                 top: panel.bottom
                 bottom: parent.bottom
+                left: parent.left
+                right: parent.right
                 topMargin: WallMetrics.contentSpacing
-                horizontalCenter: parent.horizontalCenter
-                horizontalCenterOffset: WallMetrics.columnSpacing / 2
             }
-            width: WallMetrics.gridColumns * cellWidth
-            cellWidth: WallMetrics.columnWidth + WallMetrics.columnSpacing
-            cellHeight: cardHeight + WallMetrics.rowSpacing
-            topMargin: WallMetrics.areaTopPadding
-            bottomMargin: WallMetrics.areaBottomPadding - WallMetrics.rowSpacing
+            contentHeight: grid.y + grid.implicitHeight + WallMetrics.areaBottomPadding
             clip: true
-            reuseItems: true
-            model: wall.appModel
 
-            delegate: AppTileCard {
-                height: grid.cardHeight
-                style: wall.style
-                icons: wall.icons
-                onLaunched: wall.store.launch(app)
+            CardGrid {
+                id: grid
+
+                x: (area.width - implicitWidth) / 2
+                y: WallMetrics.areaTopPadding
+                model: wall.appModel
+                columns: WallMetrics.gridColumns
+                columnWidth: WallMetrics.columnWidth
+                columnSpacing: WallMetrics.columnSpacing
+                cardHeight: Math.max(WallMetrics.cardMinimumHeight, WallMetrics.cardPlainHeight + Math.ceil(nameMetrics.height) + Math.ceil(categoryMetrics.height))
+                rowSpacing: WallMetrics.rowSpacing
+                visibleTop: area.contentY - y
+                visibleHeight: area.height
+
+                card: AppTileCard {
+                    height: grid.cardHeight
+                    style: wall.style
+                    icons: wall.icons
+                    onLaunched: wall.store.launch(app)
+                }
             }
 
             TapHandler {
@@ -119,12 +126,12 @@ Item {
 
         Rectangle {
             anchors.right: parent.right
-            y: grid.y + grid.visibleArea.yPosition * grid.height
+            y: area.y + area.visibleArea.yPosition * area.height
             width: WallMetrics.indicatorWidth
-            height: Math.max(WallMetrics.indicatorMinimumHeight, grid.visibleArea.heightRatio * grid.height)
+            height: Math.max(WallMetrics.indicatorMinimumHeight, area.visibleArea.heightRatio * area.height)
             radius: width / 2
             color: Qt.alpha("white", WallMetrics.indicatorOpacity)
-            visible: grid.visibleArea.heightRatio < 1
+            visible: area.visibleArea.heightRatio < 1
         }
     }
 

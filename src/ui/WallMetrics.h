@@ -25,6 +25,7 @@ class WallMetrics : public QObject {
     Q_PROPERTY(qreal cardPadding READ cardPadding CONSTANT)
     Q_PROPERTY(qreal cardSpacing READ cardSpacing CONSTANT)
     Q_PROPERTY(qreal cardMinimumHeight READ cardMinimumHeight CONSTANT)
+    Q_PROPERTY(qreal cardPlainHeight READ cardPlainHeight CONSTANT)
     Q_PROPERTY(qreal cardIconFrame READ cardIconFrame CONSTANT)
     Q_PROPERTY(int cardIconSide READ cardIconSide CONSTANT)
     Q_PROPERTY(qreal labelSpacing READ labelSpacing CONSTANT)
@@ -75,6 +76,10 @@ public:
     static constexpr qreal cardIconFrame() { return 108; }
     static constexpr int cardIconSide() { return 104; }
     static constexpr qreal labelSpacing() { return 5; }
+    // Of a card without its two lines of text.
+    static constexpr qreal cardPlainHeight() {
+        return 2 * cardPadding() + cardIconFrame() + cardSpacing() + labelSpacing();
+    }
     static constexpr qreal nameOpacity() { return 0.94; }
     static constexpr qreal categoryOpacity() { return 0.76; }
     static constexpr qreal categoryTracking() { return 1.1; }

@@ -1,0 +1,150 @@
+#include "ui/CardGrid.h"
+
+#include <QQmlComponent>
+#include <QQmlContext>
+
+#include <cmath>
+
+namespace zelmo {
+
+CardGrid::CardGrid() {
+    connect(this, &CardGrid::layoutChanged, this, &QQuickItem::polish);
+}
+
+CardGrid::~CardGrid() = default;
+
+void CardGrid::setModel(QAbstractItemModel* model) {
+    if (m_model == model)
+        return;
+    if (m_model)
+        m_model->disconnect(this);
+    m_model = model;
+    dropCards();
+    if (m_model) {
+        connect(m_model, &QAbstractItemModel::rowsInserted, this, &QQuickItem::polish);
+        connect(m_model, &QAbstractItemModel::rowsRemoved, this, &QQuickItem::polish);
+        connect(m_model, &QAbstractItemModel::rowsMoved, this, &QQuickItem::polish);
+        connect(m_model, &QAbstractItemModel::modelReset, this, &QQuickItem::polish);
+        connect(m_model, &QAbstractItemModel::dataChanged, this, &CardGrid::noteData);
+    }
+    polish();
+    Q_EMIT modelChanged();
+}
+
+void CardGrid::setCard(QQmlComponent* component) {
+    if (m_component == component)
+        return;
+    m_component = component;
+    dropCards();
+    polish();
+    Q_EMIT cardChanged();
+}
+
+void CardGrid::componentComplete() {
+    QQuickItem::componentComplete();
+    polish();
+}
+
+void CardGrid::updatePolish() {
+    if (!isComponentComplete() || !m_model || !m_component)
+        return;
+    const int lines = (rowCount() + m_columns - 1) / m_columns;
+    setImplicitWidth(m_columns * (m_columnWidth + m_columnSpacing) - m_columnSpacing);
+    setImplicitHeight(lines == 0 ? 0 : lines * (m_cardHeight + m_rowSpacing) - m_rowSpacing);
+
+    const Range range = rowsInSight();
+    std::vector<bool> isShown(static_cast<std::size_t>(range.end - range.first));
+    std::vector<Card*> unused;
+    for (Card& card : m_cards) {
+        const int row = card.index.isValid() ? card.index.row() : -1;
+        if (row >= range.first && row < range.end) {
+            isShown[static_cast<std::size_t>(row - range.first)] = true;
+            place(*card.item, row);
+        } else {
+            unused.push_back(&card);
+        }
+    }
+    std::vector<Card> made;
+    for (int row = range.first; row < range.end; ++row) {
+        if (isShown[static_cast<std::size_t>(row - range.first)])
+            continue;
+        if (!unused.empty()) {
+            show(*unused.back(), row);
+            unused.pop_back();
+        } else if (const Card card = makeCard(row); card.item) {
+            made.push_back(card);
+        }
+    }
+    for (Card* card : unused) {
+        card->index = QPersistentModelIndex();
+        card->item->setVisible(false);
+    }
+    m_cards.insert(m_cards.end(), made.begin(), made.end());
+}
+
+int CardGrid::rowCount() const {
+    return m_model ? m_model->rowCount() : 0;
+}
+
+CardGrid::Range CardGrid::rowsInSight() const {
+    const qreal step = m_cardHeight + m_rowSpacing;
+    if (step <= 0 || m_columns <= 0)
+        return {};
+    const auto clamped = [this](qreal line) {
+        return static_cast<int>(std::clamp<qreal>(line * m_columns, 0, rowCount()));
+    };
+    const Range range{.first = clamped(std::floor(m_visibleTop / step)),
+                      .end = clamped(std::ceil((m_visibleTop + m_visibleHeight) / step))};
+    return range.end > range.first ? range : Range{};
+}
+
+void CardGrid::dropCards() {
+    for (const Card& card : m_cards)
+        card.item->deleteLater();
+    m_cards.clear();
+}
+
+CardGrid::Card CardGrid::makeCard(int row) {
+    Card card{.item = nullptr, .index = QPersistentModelIndex(m_model->index(row, 0))};
+    QVariantMap roles;
+    const QHash<int, QByteArray> names = m_model->roleNames();
+    for (auto it = names.cbegin(); it != names.cend(); ++it)
+        roles.insert(QString::fromLatin1(it.value()), card.index.data(it.key()));
+    card.item =
+        qobject_cast<QQuickItem*>(m_component->createWithInitialProperties(roles, m_component->creationContext()));
+    if (!card.item) {
+        qWarning("A card can't be made: %s", qPrintable(m_component->errorString()));
+        return card;
+    }
+    card.item->setParent(this);
+    card.item->setParentItem(this);
+    place(*card.item, row);
+    return card;
+}
+
+void CardGrid::show(Card& card, int row) {
+    card.index = QPersistentModelIndex(m_model->index(row, 0));
+    writeRoles(card);
+    place(*card.item, row);
+    card.item->setVisible(true);
+}
+
+void CardGrid::writeRoles(const Card& card) const {
+    const QHash<int, QByteArray> names = m_model->roleNames();
+    for (auto it = names.cbegin(); it != names.cend(); ++it)
+        card.item->setProperty(it.value().constData(), card.index.data(it.key()));
+}
+
+void CardGrid::place(QQuickItem& item, int row) const {
+    item.setPosition(QPointF((row % m_columns) * (m_columnWidth + m_columnSpacing),
+                             (row / m_columns) * (m_cardHeight + m_rowSpacing)));
+}
+
+void CardGrid::noteData(const QModelIndex& first, const QModelIndex& last) {
+    for (const Card& card : m_cards) {
+        if (card.index.isValid() && card.index.row() >= first.row() && card.index.row() <= last.row())
+            writeRoles(card);
+    }
+}
+
+} // namespace zelmo

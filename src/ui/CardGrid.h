@@ -1,0 +1,84 @@
+#pragma once
+
+#include <QAbstractItemModel>
+#include <QPersistentModelIndex>
+#include <QPointer>
+#include <QQuickItem>
+
+#include <vector>
+
+class QQmlComponent;
+
+namespace zelmo {
+
+// Lays the rows of a model out as cards of one size in columns, from left to right and top to bottom.
+// Only the cards in sight exist; one that goes out of sight, or whose row is gone, becomes the card of
+// another row instead of being destroyed, and one whose row moved moves with it. Each role of the model
+// is written to the card's property of the same name. Lengths are points.
+class CardGrid : public QQuickItem {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QAbstractItemModel* model READ model WRITE setModel NOTIFY modelChanged)
+    Q_PROPERTY(QQmlComponent* card READ card WRITE setCard NOTIFY cardChanged)
+    Q_PROPERTY(int columns MEMBER m_columns NOTIFY layoutChanged)
+    Q_PROPERTY(qreal columnWidth MEMBER m_columnWidth NOTIFY layoutChanged)
+    Q_PROPERTY(qreal columnSpacing MEMBER m_columnSpacing NOTIFY layoutChanged)
+    Q_PROPERTY(qreal cardHeight MEMBER m_cardHeight NOTIFY layoutChanged)
+    Q_PROPERTY(qreal rowSpacing MEMBER m_rowSpacing NOTIFY layoutChanged)
+    // The part of the grid that is in sight.
+    Q_PROPERTY(qreal visibleTop MEMBER m_visibleTop NOTIFY layoutChanged)
+    Q_PROPERTY(qreal visibleHeight MEMBER m_visibleHeight NOTIFY layoutChanged)
+
+public:
+    CardGrid();
+    ~CardGrid() override;
+
+    QAbstractItemModel* model() const { return m_model; }
+    void setModel(QAbstractItemModel* model);
+    QQmlComponent* card() const { return m_component; }
+    void setCard(QQmlComponent* component);
+
+    // How many cards exist, in sight or waiting to be used again.
+    int cardCount() const { return static_cast<int>(m_cards.size()); }
+
+Q_SIGNALS:
+    void modelChanged();
+    void cardChanged();
+    void layoutChanged();
+
+protected:
+    void componentComplete() override;
+    void updatePolish() override;
+
+private:
+    struct Card {
+        QQuickItem* item = nullptr;
+        QPersistentModelIndex index;
+    };
+    struct Range {
+        int first = 0;
+        int end = 0;
+    };
+
+    int rowCount() const;
+    Range rowsInSight() const;
+    void dropCards();
+    Card makeCard(int row);
+    void show(Card& card, int row);
+    void writeRoles(const Card& card) const;
+    void place(QQuickItem& item, int row) const;
+    void noteData(const QModelIndex& first, const QModelIndex& last);
+
+    QPointer<QAbstractItemModel> m_model;
+    QPointer<QQmlComponent> m_component;
+    int m_columns = 1;
+    qreal m_columnWidth = 0;
+    qreal m_columnSpacing = 0;
+    qreal m_cardHeight = 0;
+    qreal m_rowSpacing = 0;
+    qreal m_visibleTop = 0;
+    qreal m_visibleHeight = 0;
+    std::vector<Card> m_cards;
+};
+
+} // namespace zelmo
