@@ -64,7 +64,12 @@ void LauncherStore::refresh() {
 
 void LauncherStore::publishScan(ScanResult result) {
     qCInfo(catalogLog, "%lld applications found", static_cast<long long>(result.apps.size()));
-    m_services.folderWatcher.setFolders(result.watchedFolders);
+    if (m_watchedFolders != result.watchedFolders) {
+        m_watchedFolders = result.watchedFolders;
+        m_services.folderWatcher.setFolders(m_watchedFolders);
+        // What came between the scan and the watch is found by another scan.
+        m_rescanTimer->noteChange();
+    }
     if (m_apps == result.apps)
         return;
     Q_EMIT willChange();

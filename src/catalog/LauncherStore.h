@@ -109,6 +109,7 @@ private:
     std::unique_ptr<Overlay> m_overlay;
     AppUsageRecords m_usageRecords;
     QSet<QString> m_hiddenAppPaths;
+    QList<FileUrl> m_watchedFolders;
     mutable std::optional<NameSearch> m_nameSearch; // of m_apps, made when first asked for
     std::unique_ptr<RescanTimer> m_rescanTimer;
     QThreadPool m_scanThreads; // last: its tasks end before anything they use

@@ -26,7 +26,9 @@ QList<LaunchableApp> apps(int count) {
 }
 
 // JSON with single quotes for double ones.
-QByteArray json(QByteArray text) { return text.replace('\'', '"'); }
+QByteArray json(QByteArray text) {
+    return text.replace('\'', '"');
+}
 
 using Positions = std::vector<qsizetype>;
 
@@ -68,7 +70,9 @@ private Q_SLOTS:
     void oneDamagedRecordDamagesAll_data() {
         QTest::addColumn<QByteArray>("json");
         const QByteArray good = json("'/b.app':{'launchCount':1,'lastLaunchedAt':1,'activeSeconds':1}");
-        const auto with = [&](const QByteArray& bad) -> QByteArray { return json("{'/a.app':") + bad + ',' + good + '}'; };
+        const auto with = [&](const QByteArray& bad) -> QByteArray {
+            return json("{'/a.app':") + bad + ',' + good + '}';
+        };
         QTest::newRow("no launch count") << with(json("{'lastLaunchedAt':1,'activeSeconds':1}"));
         QTest::newRow("no date") << with(json("{'launchCount':1,'activeSeconds':1}"));
         QTest::newRow("text count") << with(json("{'launchCount':'1','lastLaunchedAt':1}"));

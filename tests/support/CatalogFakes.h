@@ -9,6 +9,7 @@
 #include "preferences/PreferencesStorage.h"
 
 #include <QMutex>
+#include <QTest>
 
 namespace zelmo::test {
 
@@ -110,6 +111,14 @@ public:
                                                                      return std::make_unique<FakeOverlay>(overlayLog);
                                                                  }},
                                             locale);
+    }
+
+    // The first scan and the one that follows once its folders are watched are over.
+    bool waitForRest() {
+        return QTest::qWaitFor([this] {
+            const QMutexLocker guard(&installed.lock);
+            return installed.scans >= 2;
+        });
     }
 
     FakeInstalled installed;

@@ -1,0 +1,253 @@
+#include "ui/WallView.h"
+#include "overlay/OverlayWindow.h"
+#include "support/CatalogFakes.h"
+#include "ui/AppIconItem.h"
+#include "ui/IconSource.h"
+
+#include <QAccessible>
+#include <QQuickItem>
+#include <QTest>
+
+using namespace zelmo;
+using namespace zelmo::test;
+
+namespace {
+
+class BlueIconSource : public IconSource {
+public:
+    QImage icon(const AppIcon&, int points, double scale) const override {
+        const int pixels = static_cast<int>(points * scale);
+        QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::blue);
+        return image;
+    }
+};
+
+QList<FoundApplication> applications(int count) {
+    QList<FoundApplication> list;
+    for (int i = 0; i < count; ++i)
+        list.append(found(QStringLiteral("App %1").arg(i, 5, 10, QLatin1Char('0')),
+                          i % 2 ? "public.app-category.developer-tools" : nullptr));
+    return list;
+}
+
+void collect(QQuickItem* item, const char* type, QList<QQuickItem*>& found) {
+    if (item->inherits(type) && item->isVisible())
+        found.append(item);
+    for (QQuickItem* child : item->childItems())
+        collect(child, type, found);
+}
+
+// The wall in a window of its own, on fakes.
+class Fixture {
+public:
+    explicit Fixture(int count, const PreferenceValues& values = {}, QSize size = {1920, 1080})
+        : store(applications(count), values), icons(iconSource) {
+        loadWall(window, *store.store, *store.preferences, icons);
+        window.resize(size);
+        window.show();
+        window.requestActivate();
+    }
+
+    QList<QQuickItem*> items(const char* type) {
+        QList<QQuickItem*> list;
+        collect(window.rootObject(), type, list);
+        return list;
+    }
+    // Texts in sight with this content.
+    QList<QQuickItem*> texts(const QString& text) {
+        QList<QQuickItem*> list = items("QQuickText");
+        list.removeIf([&](const QQuickItem* item) { return item->property("text").toString() != text; });
+        return list;
+    }
+    QRectF place(const QQuickItem* item) {
+        return item->mapRectToScene(QRectF(QPointF(0, 0), QSizeF(item->width(), item->height())));
+    }
+    bool waitForCards(int count) {
+        return QTest::qWaitFor([&] { return items("zelmo::AppIconItem").size() == count; });
+    }
+
+    StoreFixture store;
+    BlueIconSource iconSource;
+    IconCache icons;
+    OverlayWindow window;
+};
+
+} // namespace
+
+class WallViewTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void sixColumnsOf154Stand22Apart() {
+        Fixture fixture(20);
+        QVERIFY(fixture.waitForCards(20));
+        QList<QRectF> icons;
+        for (const QQuickItem* item : fixture.items("zelmo::AppIconItem"))
+            icons.append(fixture.place(item));
+        std::sort(icons.begin(), icons.end(), [](const QRectF& a, const QRectF& b) {
+            return std::pair(a.top(), a.left()) < std::pair(b.top(), b.left());
+        });
+        for (const QRectF& icon : std::as_const(icons))
+            QCOMPARE(icon.size(), QSizeF(104, 104));
+        for (int column = 1; column < 6; ++column)
+            QCOMPARE(icons[column].left() - icons[column - 1].left(), 176.0);
+        QCOMPARE(icons[6].left(), icons[0].left());
+        QVERIFY(icons[6].top() - icons[0].top() >= 166 + 24);
+        // The grid is in the middle.
+        QCOMPARE(icons[0].left() - 25, (1920 - (6 * 154 + 5 * 22)) / 2.0);
+    }
+
+    void narrowWindowsKeepTheColumns() {
+        Fixture fixture(20, {}, {800, 600});
+        QVERIFY(QTest::qWaitFor([&] { return !fixture.items("zelmo::AppIconItem").isEmpty(); }));
+        QSet<int> columns;
+        for (const QQuickItem* item : fixture.items("zelmo::AppIconItem"))
+            columns.insert(qRound(fixture.place(item).left()));
+        QCOMPARE(columns.size(), 6);
+    }
+
+    void aCardShowsIconNameAndCategoryBelowEachOther() {
+        Fixture fixture(2);
+        QVERIFY(fixture.waitForCards(2));
+        const auto name = fixture.texts(QStringLiteral("App 00001"));
+        const auto label = fixture.texts(QStringLiteral("Builder"));
+        QCOMPARE(name.size(), 1);
+        QCOMPARE(label.size(), 1);
+        const QFont nameFont = name[0]->property("font").value<QFont>();
+        QCOMPARE(nameFont.pixelSize(), 15);
+        QCOMPARE(nameFont.weight(), QFont::DemiBold);
+        QCOMPARE(name[0]->opacity(), 0.94);
+        QCOMPARE(name[0]->property("color").value<QColor>().rgba(), QColor::fromRgbF(1.0F, 0.98F, 0.92F).rgba());
+        const QFont labelFont = label[0]->property("font").value<QFont>();
+        QCOMPARE(labelFont.pixelSize(), 11);
+        QCOMPARE(labelFont.weight(), QFont::Bold);
+        QCOMPARE(labelFont.capitalization(), QFont::AllUppercase);
+        QVERIFY(std::abs(labelFont.letterSpacing() - 1.1) < 1.0 / 64);
+        QCOMPARE(label[0]->opacity(), 0.76);
+        QCOMPARE(label[0]->property("color").value<QColor>(), QColor::fromRgbF(0.72F, 0.63F, 1.0F));
+        QCOMPARE(fixture.place(label[0]).top(), fixture.place(name[0]).bottom() + 5);
+    }
+
+    void settingsShowAtOnce() {
+        Fixture fixture(2);
+        QVERIFY(fixture.waitForCards(2));
+        fixture.store.preferences->setValue<PreferenceKey::appNameFontSize>(20);
+        fixture.store.preferences->setValue<PreferenceKey::launcherTextBlue>(0.5);
+        const auto name = fixture.texts(QStringLiteral("App 00001"));
+        QCOMPARE(name[0]->property("font").value<QFont>().pixelSize(), 20);
+        QCOMPARE(name[0]->property("color").value<QColor>().rgba(), QColor::fromRgbF(1.0F, 0.98F, 0.5F).rgba());
+    }
+
+    void theIconIsPaintedWhereTheCardIs() {
+        Fixture fixture(1);
+        QVERIFY(fixture.waitForCards(1));
+        const QPoint center = fixture.place(fixture.items("zelmo::AppIconItem")[0]).center().toPoint();
+        QTRY_COMPARE(fixture.window.grabWindow().pixelColor(center), QColor(Qt::blue));
+    }
+
+    void theBackgroundRunsFromCornerToCorner() {
+        Fixture fixture(0, {{QStringLiteral("launcherBackgroundStyle"), QStringLiteral("candyPop")}});
+        QTRY_VERIFY(fixture.window.isExposed());
+        const QImage wall = fixture.window.grabWindow();
+        const auto isNear = [](QColor a, float red, float green, float blue) {
+            const QColor b = QColor::fromRgbF(red, green, blue);
+            return std::abs(a.red() - b.red()) <= 1 && std::abs(a.green() - b.green()) <= 1 &&
+                   std::abs(a.blue() - b.blue()) <= 1;
+        };
+        QVERIFY(isNear(wall.pixelColor(0, 0), 1.00F, 0.34F, 0.55F));
+        QVERIFY(isNear(wall.pixelColor(wall.width() - 1, wall.height() - 1), 0.42F, 0.42F, 1.00F));
+        // Half way there on both edges that the middle line meets.
+        const int x = (1920 * 1920 + 1080 * 1080) / 2 / 1920;
+        QVERIFY(isNear(wall.pixelColor(x, 0), 0.71F, 0.38F, 0.775F));
+        QVERIFY(isNear(wall.pixelColor(1919 - x, 1079), 0.71F, 0.38F, 0.775F));
+    }
+
+    void aPlainColorFillsTheBackground() {
+        Fixture fixture(0, {{QStringLiteral("launcherBackgroundStyle"), QStringLiteral("customColor")},
+                            {QStringLiteral("launcherBackgroundRed"), 2.0},
+                            {QStringLiteral("launcherBackgroundGreen"), QStringLiteral("0.3")}});
+        QTRY_VERIFY(fixture.window.isExposed());
+        const QImage wall = fixture.window.grabWindow();
+        // Too red a red is the reddest; a text is no number, so the default green and blue stand.
+        QCOMPARE(wall.pixelColor(5, 5), QColor(255, 20, 36));
+        QCOMPARE(wall.pixelColor(1900, 1070), QColor(255, 20, 36));
+    }
+
+    void typingGoesToTheSearchFieldAndNarrows() {
+        Fixture fixture(12);
+        QVERIFY(fixture.waitForCards(12));
+        QVERIFY(QTest::qWaitForWindowActive(&fixture.window));
+        for (const char key : {'0', '0', '0', '0', '7'})
+            QTest::keyClick(&fixture.window, key);
+        QCOMPARE(fixture.store.store->searchText(), QStringLiteral("00007"));
+        QVERIFY(fixture.waitForCards(1));
+        QTest::keyClick(&fixture.window, Qt::Key_Backspace);
+        QVERIFY(fixture.waitForCards(10));
+        QTest::keyClick(&fixture.window, Qt::Key_Return);
+        QVERIFY(fixture.store.workspace.opened.isEmpty());
+    }
+
+    void aClickOnACardLaunchesIt() {
+        Fixture fixture(6);
+        QVERIFY(fixture.waitForCards(6));
+        fixture.store.store->showOverlay();
+        const QPoint place = fixture.place(fixture.texts(QStringLiteral("App 00003"))[0]).center().toPoint();
+        QTest::mouseClick(&fixture.window, Qt::LeftButton, {}, place);
+        QCOMPARE(fixture.store.workspace.opened, QStringList{QStringLiteral("/Applications/App 00003.app")});
+        QVERIFY(!fixture.store.store->overlayIsVisible());
+    }
+
+    void aClickOnEmptySpaceHidesTheWall() {
+        Fixture fixture(2);
+        QVERIFY(fixture.waitForCards(2));
+        for (const QPoint place : {QPoint(5, 500), QPoint(1200, 1000)}) {
+            fixture.store.store->showOverlay();
+            QTest::mouseClick(&fixture.window, Qt::LeftButton, {}, place);
+            QVERIFY(!fixture.store.store->overlayIsVisible());
+        }
+        QVERIFY(fixture.store.workspace.opened.isEmpty());
+    }
+
+    void aLongNameEndsInAnEllipsis() {
+        Fixture fixture(0);
+        fixture.store.installed.set({found(QStringLiteral("Donaudampfschifffahrtsgesellschaftskapit\u00e4n"))});
+        fixture.store.store->refresh();
+        QVERIFY(fixture.waitForCards(1));
+        const auto name = fixture.texts(QStringLiteral("Donaudampfschifffahrtsgesellschaftskapit\u00e4n"));
+        QCOMPARE(name.size(), 1);
+        QVERIFY(name[0]->property("truncated").toBool());
+        QCOMPARE(name[0]->width(), 126.0);
+    }
+
+    void namesAreNeverTakenForMarkup() {
+        Fixture fixture(0);
+        fixture.store.installed.set({found(QStringLiteral("<b>Bold</b>"))});
+        fixture.store.store->refresh();
+        QVERIFY(fixture.waitForCards(1));
+        QCOMPARE(fixture.texts(QStringLiteral("<b>Bold</b>"))[0]->property("textFormat").toInt(), int(Qt::PlainText));
+    }
+
+    void tenThousandApplicationsNeedOnlyTheCardsInSight() {
+        Fixture fixture(10000);
+        QVERIFY(QTest::qWaitFor([&] { return !fixture.items("zelmo::AppIconItem").isEmpty(); }, 20000));
+        QVERIFY(fixture.items("zelmo::AppIconItem").size() <= 6 * 6);
+    }
+
+    void cardsAreButtonsWithTheirNamesForScreenReaders() {
+        Fixture fixture(3);
+        QVERIFY(fixture.waitForCards(3));
+        QAccessible::setActive(true);
+        const auto name = fixture.texts(QStringLiteral("App 00002"));
+        QQuickItem* card = name[0]->parentItem()->parentItem();
+        QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(card);
+        QVERIFY(accessible);
+        QCOMPARE(accessible->role(), QAccessible::Button);
+        QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("App 00002"));
+        accessible->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(fixture.store.workspace.opened, QStringList{QStringLiteral("/Applications/App 00002.app")});
+    }
+};
+
+QTEST_MAIN(WallViewTest)
+#include "WallViewTest.moc"
