@@ -41,6 +41,8 @@ Item {
             width: parent.width
             horizontalAlignment: Text.AlignHCenter
             elide: Text.ElideRight
+            wrapMode: Text.Wrap
+            maximumLineCount: WallMetrics.nameLines
             textFormat: Text.PlainText
             text: card.name
             color: card.style.textColor

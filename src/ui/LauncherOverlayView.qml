@@ -106,7 +106,7 @@ Item {
                 columns: WallMetrics.gridColumns
                 columnWidth: WallMetrics.columnWidth
                 columnSpacing: WallMetrics.columnSpacing
-                cardHeight: Math.max(WallMetrics.cardMinimumHeight, WallMetrics.cardPlainHeight + Math.ceil(nameMetrics.height) + Math.ceil(categoryMetrics.height))
+                cardHeight: Math.max(WallMetrics.cardMinimumHeight, WallMetrics.cardPlainHeight + WallMetrics.nameLines * Math.ceil(nameMetrics.height) + Math.ceil(categoryMetrics.height))
                 rowSpacing: WallMetrics.rowSpacing
                 visibleTop: area.contentY - y
                 visibleHeight: area.height

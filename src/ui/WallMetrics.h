@@ -29,6 +29,7 @@ class WallMetrics : public QObject {
     Q_PROPERTY(qreal cardIconFrame READ cardIconFrame CONSTANT)
     Q_PROPERTY(int cardIconSide READ cardIconSide CONSTANT)
     Q_PROPERTY(qreal labelSpacing READ labelSpacing CONSTANT)
+    Q_PROPERTY(int nameLines READ nameLines CONSTANT)
     Q_PROPERTY(qreal nameOpacity READ nameOpacity CONSTANT)
     Q_PROPERTY(qreal categoryOpacity READ categoryOpacity CONSTANT)
     Q_PROPERTY(qreal categoryTracking READ categoryTracking CONSTANT)
@@ -80,6 +81,7 @@ public:
     static constexpr qreal cardPlainHeight() {
         return 2 * cardPadding() + cardIconFrame() + cardSpacing() + labelSpacing();
     }
+    static constexpr int nameLines() { return 2; } // at most; a longer name ends in an ellipsis
     static constexpr qreal nameOpacity() { return 0.94; }
     static constexpr qreal categoryOpacity() { return 0.76; }
     static constexpr qreal categoryTracking() { return 1.1; }

@@ -125,7 +125,7 @@ private Q_SLOTS:
         QCOMPARE(labelFont.capitalization(), QFont::AllUppercase);
         QVERIFY(std::abs(labelFont.letterSpacing() - 1.1) < 1.0 / 64);
         QCOMPARE(label[0]->opacity(), 0.76);
-        QCOMPARE(label[0]->property("color").value<QColor>(), QColor::fromRgbF(0.72F, 0.63F, 1.0F));
+        QCOMPARE(label[0]->property("color").value<QColor>().rgba(), QColor::fromRgbF(0.72F, 0.63F, 1.0F).rgba());
         QCOMPARE(fixture.place(label[0]).top(), fixture.place(name[0]).bottom() + 5);
     }
 

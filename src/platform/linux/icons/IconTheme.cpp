@@ -104,12 +104,16 @@ QList<QByteArray> IconTheme::files(QByteArrayView name, int points, double scale
         const IconThemeFolder& folder = m_description.folders[m_folders[place.folder].description];
         ranked.push_back({!folder.matches(points, scale), folder.distance(pixels), folder.drawnPixels(pixels), place});
     }
-    // Folders that match exactly come in the theme's own order. Of others as near, the larger is first: it
-    // loses nothing when it is drawn smaller.
-    std::stable_sort(ranked.begin(), ranked.end(), [](const RankedPlace& a, const RankedPlace& b) {
+    // Folders that match exactly come in the theme's own order. Of the others those whose icons need not be
+    // enlarged, which blurs them, the nearest size first; of two as near the one with more pixels to start from.
+    std::stable_sort(ranked.begin(), ranked.end(), [pixels](const RankedPlace& a, const RankedPlace& b) {
         if (a.isInexact != b.isInexact)
             return b.isInexact;
-        return a.isInexact && std::tie(a.distance, b.drawnPixels) < std::tie(b.distance, a.drawnPixels);
+        if (!a.isInexact)
+            return false;
+        const bool aIsEnlarged = a.drawnPixels < pixels;
+        const bool bIsEnlarged = b.drawnPixels < pixels;
+        return std::tie(aIsEnlarged, a.distance, b.drawnPixels) < std::tie(bIsEnlarged, b.distance, a.drawnPixels);
     });
     QList<QByteArray> paths;
     for (const RankedPlace& candidate : ranked)

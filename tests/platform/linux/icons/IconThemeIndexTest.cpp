@@ -78,6 +78,15 @@ private Q_SLOTS:
         QCOMPARE(found("foo", 48), QByteArray("a/T/56x56/foo.png"));
     }
 
+    void nothingIsEnlargedWhenThereIsALargerFolder() {
+        m_folder->write("a/T/index.theme", themeFile("48x48,96x96,128x128,512x512"));
+        for (const char* size : {"48x48", "96x96", "128x128", "512x512"})
+            m_folder->write(QByteArray("a/T/") + size + "/foo.png");
+        QCOMPARE(found("foo", 104), QByteArray("a/T/128x128/foo.png"));
+        QCOMPARE(found("foo", 200), QByteArray("a/T/512x512/foo.png"));
+        QCOMPARE(found("foo", 600), QByteArray("a/T/512x512/foo.png"));
+    }
+
     void scaleIsPartOfTheMatch() {
         m_folder->write("a/T/index.theme", themeFile("48x48,96x96", {}, "48x48@2,64x64@2"));
         for (const char* size : {"48x48", "96x96", "48x48@2", "64x64@2"})
@@ -99,7 +108,8 @@ private Q_SLOTS:
         QCOMPARE(found("foo", 200), QByteArray("a/T/s/foo.svg"));
         QCOMPARE(found("foo", 60), QByteArray("a/T/s/foo.svg"));
         QCOMPARE(found("foo", 52), QByteArray("a/T/t/foo.png"));
-        QCOMPARE(found("foo", 54), QByteArray("a/T/f/foo.png"));
+        QCOMPARE(found("foo", 50), QByteArray("a/T/t/foo.png"));
+        QCOMPARE(found("foo", 54), QByteArray("a/T/s/foo.svg"));
         QCOMPARE(found("foo", 104, 2), QByteArray("a/T/s/foo.svg"));
     }
 
