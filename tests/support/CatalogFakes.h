@@ -17,7 +17,8 @@ class FakeStorage : public PreferencesStorage {
 public:
     PreferenceValues read() override { return values; }
     bool write(const PreferenceValues& changes) override {
-        values.insert(changes);
+        for (auto it = changes.cbegin(); it != changes.cend(); ++it)
+            values.insert(it.key(), it.value());
         return true;
     }
     void setOutsideChangeHandler(std::function<void()>) override {}
