@@ -1,7 +1,6 @@
 #include "PreferencesFileFixture.h"
 
 #include <QRegularExpression>
-#include <QScopeGuard>
 #include <QTest>
 
 #include <csignal>
@@ -19,6 +18,48 @@ void expectSetAside(const QByteArray& to) {
     QTest::ignoreMessage(QtWarningMsg,
                          QRegularExpression(QStringLiteral("can't be read.*") + QString::fromUtf8(to) + u'$'));
 }
+
+// While it lives, a file that would grow beyond the limit refuses to.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes) {
+        getrlimit(RLIMIT_FSIZE, &m_old);
+        const rlimit limit{.rlim_cur = bytes, .rlim_max = m_old.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit() {
+        setrlimit(RLIMIT_FSIZE, &m_old);
+        std::signal(SIGXFSZ, m_oldHandler);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+private:
+    void (*m_oldHandler)(int) = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit m_old{};
+};
+
+// While it lives, a folder has room for 64 KiB. Only root can mount such a disk; for others the limit on the
+// size of a file has writing fail halfway just the same.
+class SmallDisk {
+public:
+    explicit SmallDisk(const QByteArray& folder) : m_folder(folder) {
+        m_isMounted = mount("none", folder.constData(), "tmpfs", 0, "size=64k") == 0;
+        if (!m_isMounted)
+            m_limit.emplace(64 * 1024);
+    }
+    ~SmallDisk() {
+        if (m_isMounted)
+            umount(m_folder.constData());
+    }
+    SmallDisk(const SmallDisk&) = delete;
+    SmallDisk& operator=(const SmallDisk&) = delete;
+
+private:
+    QByteArray m_folder;
+    bool m_isMounted = false;
+    std::optional<FileSizeLimit> m_limit;
+};
 
 } // namespace
 
@@ -152,14 +193,11 @@ private Q_SLOTS:
         folder.writeFile("p.plist", soundContents);
         PlistPreferencesFile file(folder.url("p.plist"));
         QCOMPARE(file.read().size(), 1);
-        rlimit old{};
-        getrlimit(RLIMIT_FSIZE, &old);
-        const rlimit small{.rlim_cur = 8192, .rlim_max = old.rlim_max};
-        const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-        setrlimit(RLIMIT_FSIZE, &small);
-        const bool written = file.write({{nameOf(Key::appUsageRecords), QByteArray(100'000, 'x')}});
-        setrlimit(RLIMIT_FSIZE, &old);
-        std::signal(SIGXFSZ, oldHandler);
+        bool written = true;
+        {
+            const FileSizeLimit limit(8192);
+            written = file.write({{nameOf(Key::appUsageRecords), QByteArray(100'000, 'x')}});
+        }
         QVERIFY(!written);
         QCOMPARE(TemporaryFolder::contentsOf(folder.path("p.plist")), soundContents);
         QCOMPARE(entriesOf(folder.path()).size(), 1);
@@ -169,9 +207,7 @@ private Q_SLOTS:
     void aFullDiskRefusesAndKeepsTheFile() {
         const TemporaryFolder folder;
         const QByteArray disk = folder.makeFolders("disk");
-        if (mount("none", disk.constData(), "tmpfs", 0, "size=64k") != 0)
-            QSKIP("no disk can be mounted; the limit on file size stands for it");
-        const auto unmount = qScopeGuard([&] { umount(disk.constData()); });
+        const SmallDisk smallDisk(disk);
         const QByteArray path = folder.writeFile("disk/p.plist", soundContents);
         PlistPreferencesFile file(folder.url("disk/p.plist"));
         QCOMPARE(file.read().size(), 1);
