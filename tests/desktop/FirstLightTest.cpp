@@ -17,6 +17,18 @@ QPoint cardCenter(const DesktopSession& session, int column) {
     return {left + column * step + 77, 330};
 }
 
+// Nothing else in the grid's place is as bright as the name of a card.
+bool showsCard(const DesktopSession& session, const QImage& screen, int column) {
+    const QPoint center = cardCenter(session, column);
+    for (int y = center.y() - 80; y < center.y() + 100; ++y) {
+        for (int x = center.x() - 77; x < center.x() + 77; ++x) {
+            if (qGray(screen.pixel(x, y)) > 200)
+                return true;
+        }
+    }
+    return false;
+}
+
 class Wall {
 public:
     explicit Wall(DesktopSession& session)
@@ -39,6 +51,13 @@ public:
                    equal = next == last ? equal + 1 : 0;
                    last = std::move(next);
                    return equal >= 4;
+               });
+    }
+    // The first row shows so many cards and no more.
+    bool waitForCards(int count) const {
+        return waitUntilShown() && DesktopSession::waitFor([&] {
+                   const QImage screen = m_session.display().screenshot();
+                   return showsCard(m_session, screen, count - 1) && !showsCard(m_session, screen, count);
                });
     }
     bool waitUntilGone() const {
@@ -74,7 +93,7 @@ private Q_SLOTS:
         for (const char* name : {"Alpha", "Beta", "Gamma"})
             session->installEntry(QString::fromLatin1(name));
         const Wall wall(*session);
-        QVERIFY(wall.waitUntilPainted());
+        QVERIFY(wall.waitForCards(3));
         session->display().click(cardCenter(*session, 1));
         QVERIFY(DesktopSession::waitFor([&] { return !session->launched().isEmpty(); }));
         QCOMPARE(session->launched(), QStringList{QStringLiteral("Beta")});
@@ -91,7 +110,7 @@ private Q_SLOTS:
         session->writeFile(executable, "#!/bin/sh\ntouch \"$HOME/launched/Tool\"\n");
         QFile::setPermissions(session->home() + u'/' + executable, QFile::ReadOwner | QFile::ExeOwner);
         const Wall wall(*session);
-        QVERIFY(wall.waitUntilPainted());
+        QVERIFY(wall.waitForCards(1));
         session->display().click(cardCenter(*session, 0));
         QVERIFY(DesktopSession::waitFor([&] { return session->launched() == QStringList{QStringLiteral("Tool")}; }));
     }
@@ -103,9 +122,9 @@ private Q_SLOTS:
         for (const char* name : {"Alpha", "Beta", "Gamma"})
             session->installEntry(QString::fromLatin1(name));
         const Wall wall(*session);
-        QVERIFY(wall.waitUntilPainted());
+        QVERIFY(wall.waitForCards(3));
         QVERIFY(session->display().typeText(QStringLiteral("GAM")));
-        QVERIFY(wall.waitUntilPainted());
+        QVERIFY(wall.waitForCards(1));
         session->display().click(cardCenter(*session, 0));
         QVERIFY(DesktopSession::waitFor([&] { return session->launched() == QStringList{QStringLiteral("Gamma")}; }));
     }
@@ -122,7 +141,7 @@ private Q_SLOTS:
         QVERIFY(session->display().typeText(QStringLiteral("Bet")));
         QVERIFY(!session->display().viewableWindow(QStringLiteral("Zelmo")));
         kill(static_cast<pid_t>(session->windowManagerProcess()), SIGCONT);
-        QVERIFY(wall.waitUntilPainted());
+        QVERIFY(wall.waitForCards(1));
         session->display().click(cardCenter(*session, 0));
         QVERIFY(DesktopSession::waitFor([&] { return !session->launched().isEmpty(); }));
         QCOMPARE(session->launched(), QStringList{QStringLiteral("Beta")});
@@ -152,10 +171,8 @@ private Q_SLOTS:
         QVERIFY(session);
         const Wall wall(*session);
         QVERIFY(wall.waitUntilPainted());
-        const QImage empty = session->display().screenshot();
         session->installEntry(QStringLiteral("Alpha"));
-        QVERIFY(DesktopSession::waitFor([&] { return session->display().screenshot() != empty; }));
-        QVERIFY(wall.waitUntilPainted());
+        QVERIFY(wall.waitForCards(1));
         session->display().click(cardCenter(*session, 0));
         QVERIFY(DesktopSession::waitFor([&] { return session->launched() == QStringList{QStringLiteral("Alpha")}; }));
     }
