@@ -31,7 +31,7 @@ public:
     FileUrl url(const QByteArray& name) const { return FileUrl::fromNativePath(path(name)); }
 
     QByteArray makeFolders(const QByteArray& name) const {
-        const QByteArray full = path(name);
+        QByteArray full = path(name);
         for (qsizetype slash = full.indexOf('/', m_path.size() + 1); slash > 0; slash = full.indexOf('/', slash + 1))
             mkdir(full.left(slash).constData(), 0755);
         require(mkdir(full.constData(), 0755) == 0 || errno == EEXIST, full);
@@ -39,7 +39,7 @@ public:
     }
 
     QByteArray writeFile(const QByteArray& name, const QByteArray& contents) const {
-        const QByteArray full = path(name);
+        QByteArray full = path(name);
         if (name.contains('/'))
             makeFolders(name.left(name.lastIndexOf('/')));
         FILE* file = std::fopen(full.constData(), "wb");
@@ -51,7 +51,7 @@ public:
     }
 
     QByteArray link(const QByteArray& name, const QByteArray& target) const {
-        const QByteArray full = path(name);
+        QByteArray full = path(name);
         require(symlink(target.constData(), full.constData()) == 0, full);
         return full;
     }

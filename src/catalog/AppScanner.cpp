@@ -6,8 +6,8 @@
 
 namespace zelmo {
 
-AppScanner::AppScanner(std::vector<std::unique_ptr<ApplicationSource>> sources, QLocale locale)
-    : m_sources(std::move(sources)), m_locale(std::move(locale)) {}
+AppScanner::AppScanner(std::vector<std::unique_ptr<ApplicationSource>> sources, const QLocale& locale)
+    : m_sources(std::move(sources)), m_locale(locale) {}
 
 AppScanner::AppScanner(AppScanner&&) noexcept = default;
 

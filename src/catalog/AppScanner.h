@@ -22,7 +22,8 @@ struct ScanResult {
 // threads may scan at once.
 class AppScanner {
 public:
-    explicit AppScanner(std::vector<std::unique_ptr<ApplicationSource>> sources, QLocale locale = QLocale::system());
+    explicit AppScanner(std::vector<std::unique_ptr<ApplicationSource>> sources,
+                        const QLocale& locale = QLocale::system());
     AppScanner(AppScanner&&) noexcept;
     ~AppScanner();
 

@@ -56,9 +56,9 @@ public:
 
 private:
     struct File {
-        std::uint32_t hash;
-        std::uint32_t text;
-        std::uint16_t length;
+        std::uint32_t hash = 0;
+        std::uint32_t text = 0;
+        std::uint16_t length = 0;
         IconPlace place;
     };
 

@@ -13,7 +13,7 @@ namespace zelmo {
 // code, outlives Preferences; main thread only, with an event loop for changes from outside.
 class PlistPreferencesFile : public PreferencesStorage {
 public:
-    static constexpr std::size_t standardSizeLimit = 64 * 1024 * 1024;
+    static constexpr std::size_t standardSizeLimit = std::size_t{64} * 1024 * 1024;
 
     explicit PlistPreferencesFile(FileUrl file, std::size_t sizeLimit = standardSizeLimit);
 
