@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalog/AppIcon.h"
 #include "catalog/LauncherStore.h"
 #include "ui/IconCache.h"
 
@@ -13,6 +14,12 @@ struct LauncherStoreForQml {
     QML_FOREIGN(zelmo::LauncherStore)
     QML_NAMED_ELEMENT(LauncherStore)
     QML_UNCREATABLE("made at start-up")
+};
+
+struct AppIconForQml {
+    Q_GADGET
+    QML_FOREIGN(zelmo::AppIcon)
+    QML_ANONYMOUS
 };
 
 struct IconCacheForQml {
