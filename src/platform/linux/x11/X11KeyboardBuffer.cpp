@@ -27,7 +27,7 @@ X11KeyboardBuffer::X11KeyboardBuffer() {
 }
 
 X11KeyboardBuffer::~X11KeyboardBuffer() {
-    cancel();
+    X11KeyboardBuffer::cancel();
     QCoreApplication::instance()->removeNativeEventFilter(this);
 }
 
