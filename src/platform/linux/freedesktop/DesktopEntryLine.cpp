@@ -1,6 +1,7 @@
 #include "platform/linux/freedesktop/DesktopEntryLine.h"
 
 #include <QChar>
+#include <QList>
 #include <QStringDecoder>
 
 namespace zelmo::DesktopEntryLine {

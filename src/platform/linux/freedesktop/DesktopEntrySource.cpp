@@ -25,7 +25,7 @@ QByteArray withoutTrailingSlashes(QByteArray path) {
 }
 
 QByteArray homeFolder() {
-    const QByteArray home = qgetenv("HOME");
+    QByteArray home = qgetenv("HOME");
     if (!home.isEmpty())
         return home;
     std::array<char, 16384> buffer{};

@@ -1,5 +1,7 @@
 #include "platform/linux/freedesktop/EntryFolderWalk.h"
 
+#include <QString> // joins byte arrays too
+
 #include <deque>
 #include <set>
 #include <string_view>

@@ -43,7 +43,7 @@ bool areSame(const PreferenceValues& a, const PreferenceValues& b) {
 
 } // namespace
 
-PlistPreferencesFile::PlistPreferencesFile(FileUrl file, std::size_t sizeLimit)
+PlistPreferencesFile::PlistPreferencesFile(const FileUrl& file, std::size_t sizeLimit)
     : m_path(file.nativePath()), m_sizeLimit(sizeLimit) {
     FileReplacement::removeAbandoned(linkTarget(m_path));
     // Before the first read, so that no change falls between the two.

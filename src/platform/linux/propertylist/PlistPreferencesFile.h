@@ -15,7 +15,7 @@ class PlistPreferencesFile : public PreferencesStorage {
 public:
     static constexpr std::size_t standardSizeLimit = std::size_t{64} * 1024 * 1024;
 
-    explicit PlistPreferencesFile(FileUrl file, std::size_t sizeLimit = standardSizeLimit);
+    explicit PlistPreferencesFile(const FileUrl& file, std::size_t sizeLimit = standardSizeLimit);
 
     // "zelmo/preferences.plist" in the user's configuration folder.
     static FileUrl standardFile();

@@ -175,7 +175,7 @@ std::optional<PropertyList> PropertyList::parse(const QByteArray& bytes, const P
 }
 
 std::optional<QString> PropertyList::string(const char* key) const {
-    const plist_t node = plist_dict_get_item(m_root.get(), key);
+    auto* const node = plist_dict_get_item(m_root.get(), key);
     if (!PLIST_IS_STRING(node))
         return std::nullopt;
     return stringValue(node);
