@@ -72,7 +72,7 @@ void readTheSameFiles(benchmark::State& state) {
         paths.append(bundles.root().nativePath() + "/Program " + QByteArray::number(i) + ".app/Contents/Info.plist");
     for (auto _ : state) {
         for (const QByteArray& path : paths)
-            benchmark::DoNotOptimize(readRegularFile(path, 1024 * 1024));
+            benchmark::DoNotOptimize(readRegularFile(path, std::size_t{1024} * 1024));
     }
 }
 BENCHMARK(readTheSameFiles)->Arg(0)->Arg(10)->Arg(40)->Unit(benchmark::kMillisecond);

@@ -97,7 +97,7 @@ void readFiles(benchmark::State& state) {
         qsizetype size = 0;
         while (const dirent* entry = readdir(folder)) {
             if (entry->d_name[0] != '.')
-                size += zelmo::readRegularFile(descriptor, entry->d_name, 1024 * 1024).bytes.size();
+                size += zelmo::readRegularFile(descriptor, entry->d_name, std::size_t{1024} * 1024).bytes.size();
         }
         closedir(folder);
         benchmark::DoNotOptimize(size);

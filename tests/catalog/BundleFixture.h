@@ -25,7 +25,7 @@ inline QByteArray binaryInformation(const BundleEntries& strings) {
     char* bytes = nullptr;
     std::uint32_t length = 0;
     plist_to_bin(root, &bytes, &length);
-    const QByteArray result(bytes, static_cast<qsizetype>(length));
+    QByteArray result(bytes, static_cast<qsizetype>(length));
     plist_to_bin_free(bytes);
     plist_free(root);
     return result;
