@@ -147,6 +147,24 @@ private Q_SLOTS:
         QCOMPARE(session->launched(), QStringList{QStringLiteral("Beta")});
     }
 
+    void keysAreNotLostWhenTheWindowTakesLongerThanTheKeyboardMayBeHeld() {
+        const auto session = DesktopSession::start();
+        QVERIFY(session);
+        for (const char* name : {"Alpha", "Beta", "Gamma"})
+            session->installEntry(QString::fromLatin1(name));
+        kill(static_cast<pid_t>(session->windowManagerProcess()), SIGSTOP);
+        const Wall wall(*session);
+        QVERIFY(DesktopSession::waitFor([&] { return session->display().keyboardIsGrabbed(); }));
+        QVERIFY(session->display().typeText(QStringLiteral("Bet")));
+        QVERIFY(DesktopSession::waitFor([&] { return !session->display().keyboardIsGrabbed(); }));
+        QVERIFY(!session->display().viewableWindow(QStringLiteral("Zelmo")));
+        kill(static_cast<pid_t>(session->windowManagerProcess()), SIGCONT);
+        QVERIFY(wall.waitForCards(1));
+        session->display().click(cardCenter(*session, 0));
+        QVERIFY(DesktopSession::waitFor([&] { return !session->launched().isEmpty(); }));
+        QCOMPARE(session->launched(), QStringList{QStringLiteral("Beta")});
+    }
+
     void theKeyboardIsLetGoOnceTheWallHasTheFocus() {
         const auto session = DesktopSession::start();
         QVERIFY(session);

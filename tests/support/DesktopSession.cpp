@@ -16,17 +16,39 @@ namespace {
 
 constexpr int longestWait = 15000;
 
-bool hasWindowManager(const XDisplay& display) {
-    const char name[] = "_NET_SUPPORTING_WM_CHECK";
-    xcb_connection_t* connection = display.connection();
-    auto* atom = xcb_intern_atom_reply(connection, xcb_intern_atom(connection, 0, sizeof name - 1, name), nullptr);
-    auto* property = xcb_get_property_reply(
-        connection, xcb_get_property(connection, 0, display.root(), atom->atom, XCB_ATOM_WINDOW, 0, 1), nullptr);
-    const bool found = property && xcb_get_property_value_length(property) > 0;
-    std::free(atom);
-    std::free(property);
-    return found;
-}
+// A window of our own, there for nothing but to be managed.
+class ProbeWindow {
+public:
+    explicit ProbeWindow(const XDisplay& display)
+        : m_display(display), m_window(xcb_generate_id(display.connection())) {
+        xcb_create_window(display.connection(), XCB_COPY_FROM_PARENT, m_window, display.root(), 0, 0, 10, 10, 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+        xcb_map_window(display.connection(), m_window);
+    }
+    ~ProbeWindow() {
+        xcb_destroy_window(m_display.connection(), m_window);
+        m_display.synchronize();
+    }
+    ProbeWindow(const ProbeWindow&) = delete;
+    ProbeWindow& operator=(const ProbeWindow&) = delete;
+
+    // Whether a window manager has given it a state.
+    bool isManaged() const {
+        const char name[] = "WM_STATE";
+        xcb_connection_t* connection = m_display.connection();
+        auto* atom = xcb_intern_atom_reply(connection, xcb_intern_atom(connection, 0, sizeof name - 1, name), nullptr);
+        auto* property = xcb_get_property_reply(
+            connection, xcb_get_property(connection, 0, m_window, atom->atom, XCB_ATOM_ANY, 0, 1), nullptr);
+        const bool found = property && xcb_get_property_value_length(property) > 0;
+        std::free(atom);
+        std::free(property);
+        return found;
+    }
+
+private:
+    const XDisplay& m_display;
+    xcb_window_t m_window;
+};
 
 } // namespace
 
@@ -165,7 +187,9 @@ bool DesktopSession::startWindowManager(const QString& program) {
     m_windowManager->setProcessEnvironment(m_environment);
     m_windowManager->setStandardErrorFile(home() + QStringLiteral("/windowmanager.log"));
     m_windowManager->start(program, QStringList());
-    if (!m_windowManager->waitForStarted() || !waitFor([this] { return hasWindowManager(*m_display); })) {
+    // It is ready when it manages a window; that it has announced itself says less.
+    const ProbeWindow probe(*m_display);
+    if (!m_windowManager->waitForStarted() || !waitFor([&probe] { return probe.isManaged(); })) {
         qWarning("%s does not start", qPrintable(program));
         return false;
     }

@@ -21,7 +21,7 @@ X11KeyboardBuffer::X11KeyboardBuffer() {
     }
     m_limit.setSingleShot(true);
     m_limit.setInterval(longestGrab);
-    connect(&m_limit, &QTimer::timeout, this, &X11KeyboardBuffer::cancel);
+    connect(&m_limit, &QTimer::timeout, this, &X11KeyboardBuffer::ungrab);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &X11KeyboardBuffer::watchFocus);
     QCoreApplication::instance()->installNativeEventFilter(this);
 }
@@ -59,7 +59,8 @@ void X11KeyboardBuffer::cancel() {
 }
 
 void X11KeyboardBuffer::watchFocus() {
-    if (m_state == State::keeping && m_window && QGuiApplication::focusWindow() == m_window)
+    const bool hasWork = m_state == State::keeping || (m_state == State::idle && !m_kept.empty());
+    if (hasWork && m_window && QGuiApplication::focusWindow() == m_window)
         replay();
 }
 
@@ -104,16 +105,15 @@ bool X11KeyboardBuffer::nativeEventFilter(const QByteArray& eventType, void* mes
                 this, [this] { replay(); }, Qt::QueuedConnection);
         return false;
     }
-    if (event->event != m_root)
+    if (event->event != m_root || (m_state == State::idle && !m_window))
         return false;
-    if (m_state != State::idle) {
-        m_kept.push_back(*event);
-        return true;
-    }
-    // Typed just before the grab ended: the window is its receiver all the same.
-    if (m_window)
+    if (m_state == State::idle && m_kept.empty() && QGuiApplication::focusWindow() == m_window) {
+        // Typed just before the grab ended: the window is its receiver all the same.
         event->event = static_cast<xcb_window_t>(m_window->winId());
-    return false;
+        return false;
+    }
+    m_kept.push_back(*event);
+    return true;
 }
 
 } // namespace zelmo

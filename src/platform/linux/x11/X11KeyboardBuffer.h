@@ -13,7 +13,7 @@ namespace zelmo {
 
 // Keeps keys by grabbing the keyboard on the root window until the wall has the focus. The grab is
 // let go after `longestGrab` at the latest, so that a wall that never gets the focus can't hold the
-// keyboard, and is simply not made where another program holds one. Owned by the application's
+// keyboard; the keys kept by then still wait for it. Where another program holds a grab none is made. Owned by the application's
 // construction code; main thread.
 class X11KeyboardBuffer : public QObject, public KeyboardBuffer, private QAbstractNativeEventFilter {
     Q_OBJECT
