@@ -1,5 +1,6 @@
 #include "app/LinuxBackends.h"
 
+#include "app/RendererChoice.h"
 #include "catalog/BundleSource.h"
 #include "platform/linux/freedesktop/DesktopEntrySource.h"
 #include "platform/linux/icons/IconThemeName.h"
@@ -19,8 +20,8 @@ std::unique_ptr<IconThemeIndex> makeIconThemeIndex() {
 } // namespace
 
 LinuxBackends::LinuxBackends()
-    : preferencesFile(PlistPreferencesFile::standardFile()), workspace(bundleReader), iconSource(makeIconThemeIndex()) {
-}
+    : preferencesFile(PlistPreferencesFile::standardFile()), workspace(bundleReader, {updateDelayVariable}),
+      iconSource(makeIconThemeIndex()) {}
 
 AppScanner LinuxBackends::makeScanner() const {
     const FileUrl home = FileUrl::fromNativePath(QFile::encodeName(QDir::homePath()));

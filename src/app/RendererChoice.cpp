@@ -28,6 +28,10 @@ void chooseRenderer() {
     if (!hasUsableRenderNode())
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
+    // Milliseconds between a change and the frame that shows it. The default of 5 is a third of a frame, which a
+    // person who types waits for at every key; at 0 every icon that arrives would be a frame of its own.
+    if (!qEnvironmentVariableIsSet(updateDelayVariable))
+        qputenv(updateDelayVariable, "1");
 }
 
 } // namespace zelmo

@@ -7,4 +7,7 @@ namespace zelmo {
 // context would cost as much. Call before the first window is made.
 void chooseRenderer();
 
+// The variable of the environment that `chooseRenderer` sets for this program alone.
+inline constexpr const char* updateDelayVariable = "QT_QPA_UPDATE_IDLE_TIME";
+
 } // namespace zelmo

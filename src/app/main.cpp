@@ -1,3 +1,4 @@
+#include "app/FontWarmUp.h"
 #include "app/LinuxBackends.h"
 #include "app/RendererChoice.h"
 #include "app/TerminationSignals.h"
@@ -13,6 +14,7 @@
 int main(int argc, char* argv[]) {
     using namespace zelmo;
 
+    const FontWarmUp fonts;
     chooseRenderer();
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Zelmo"));

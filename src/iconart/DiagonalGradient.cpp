@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
+#include <vector>
 
 namespace zelmo {
 
@@ -33,11 +35,11 @@ QImage DiagonalGradient::band() const {
     const double height = m_size.height();
     const double whole = width * width + height * height;
     QImage image(m_size.width() + bandStart(m_size.height()), bandHeight, QImage::Format_RGB32);
-    for (int y = 0; y < bandHeight; ++y) {
-        auto* pixels = reinterpret_cast<QRgb*>(image.scanLine(y));
-        for (int x = 0; x < image.width(); ++x)
-            pixels[x] = colorAt(m_stops, ((x + 0.5) * width + (y + 0.5) * height) / whole);
-    }
+    std::vector<QRgb> strip(static_cast<std::size_t>(image.width() + bandStart(bandHeight)));
+    for (std::size_t x = 0; x < strip.size(); ++x)
+        strip[x] = colorAt(m_stops, ((static_cast<double>(x) + 0.5) * width + 0.5 * height) / whole);
+    for (int y = 0; y < bandHeight; ++y)
+        std::memcpy(image.scanLine(y), strip.data() + bandStart(y), static_cast<std::size_t>(image.bytesPerLine()));
     return image;
 }
 

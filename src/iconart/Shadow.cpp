@@ -2,27 +2,30 @@
 
 #include <QPainter>
 
+#include <array>
 #include <cmath>
+#include <cstdint>
 #include <vector>
 
 namespace zelmo {
 
 namespace {
 
-// Three box blurs in a row come close to a Gaussian one. `width` is odd.
-void boxBlur(std::vector<int>& line, std::vector<int>& scratch, int width) {
-    const int count = static_cast<int>(line.size());
+// One box blur over `count` values that stand `step` apart. `width` is odd. Three of them in a row come
+// close to a Gaussian blur.
+void boxBlur(const std::uint16_t* from, std::uint16_t* to, int count, int step, int width) {
     const int half = width / 2;
-    int sum = 0;
+    // Rounded up, so that a plain area keeps its value.
+    const std::uint32_t reciprocal = (1U << 16U) / static_cast<std::uint32_t>(width) + 1;
+    std::uint32_t sum = 0;
     for (int i = -half; i < count; ++i) {
         if (i + half < count)
-            sum += line[static_cast<std::size_t>(i + half)];
+            sum += from[(i + half) * step];
         if (i - half - 1 >= 0)
-            sum -= line[static_cast<std::size_t>(i - half - 1)];
+            sum -= from[(i - half - 1) * step];
         if (i >= 0)
-            scratch[static_cast<std::size_t>(i)] = sum / width;
+            to[i * step] = static_cast<std::uint16_t>((sum * reciprocal) >> 16U);
     }
-    std::swap(line, scratch);
 }
 
 // The width of each of three boxes that together blur with this standard deviation.
@@ -44,33 +47,32 @@ QImage withShadow(const QImage& picture, const ShadowStyle& style) {
     const QSize size(picture.width() + 2 * margin, picture.height() + 2 * margin);
     const int drop = static_cast<int>(std::lround(style.offset));
 
-    // Alpha in 16 times finer steps, so that three divisions leave no visible bands.
-    constexpr int fine = 16;
-    std::vector<std::vector<int>> rows(static_cast<std::size_t>(size.height()),
-                                       std::vector<int>(static_cast<std::size_t>(size.width())));
+    // Alpha in 8 times finer steps, so that the divisions leave no visible bands.
+    constexpr int fine = 8;
+    const int stride = size.width();
+    std::vector<std::uint16_t> alpha(static_cast<std::size_t>(stride) * static_cast<std::size_t>(size.height()));
+    std::vector<std::uint16_t> scratch(alpha.size());
     for (int y = 0; y < picture.height(); ++y) {
         const auto* source = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
-        auto& target = rows[static_cast<std::size_t>(y + margin + drop)];
+        std::uint16_t* target = alpha.data() + (y + margin + drop) * stride + margin;
         for (int x = 0; x < picture.width(); ++x)
-            target[static_cast<std::size_t>(x + margin)] = qAlpha(source[x]) * fine;
+            target[x] = static_cast<std::uint16_t>(qAlpha(source[x]) * fine);
     }
-    std::vector<int> scratch(static_cast<std::size_t>(size.width()));
-    for (auto& line : rows) {
-        for (int pass = 0; pass < 3; ++pass)
-            boxBlur(line, scratch, width);
+    for (int pass = 0; pass < 3; ++pass) {
+        for (int y = 0; y < size.height(); ++y)
+            boxBlur(alpha.data() + y * stride, scratch.data() + y * stride, size.width(), 1, width);
+        for (int x = 0; x < size.width(); ++x)
+            boxBlur(scratch.data() + x, alpha.data() + x, size.height(), stride, width);
     }
+
+    std::array<QRgb, 256 * fine> shades{};
+    for (std::size_t i = 0; i < shades.size(); ++i)
+        shades[i] = qRgba(0, 0, 0, static_cast<int>(std::lround(static_cast<double>(i) * style.opacity / fine)));
     QImage result(size, QImage::Format_ARGB32_Premultiplied);
-    std::vector<int> column(static_cast<std::size_t>(size.height()));
-    scratch.resize(column.size());
-    for (int x = 0; x < size.width(); ++x) {
-        for (std::size_t y = 0; y < column.size(); ++y)
-            column[y] = rows[y][static_cast<std::size_t>(x)];
-        for (int pass = 0; pass < 3; ++pass)
-            boxBlur(column, scratch, width);
-        for (int y = 0; y < size.height(); ++y) {
-            const double alpha = column[static_cast<std::size_t>(y)] * style.opacity / fine;
-            reinterpret_cast<QRgb*>(result.scanLine(y))[x] = qRgba(0, 0, 0, static_cast<int>(std::lround(alpha)));
-        }
+    for (int y = 0; y < size.height(); ++y) {
+        auto* target = reinterpret_cast<QRgb*>(result.scanLine(y));
+        for (int x = 0; x < size.width(); ++x)
+            target[x] = shades[alpha[static_cast<std::size_t>(y * stride + x)]];
     }
     QPainter painter(&result);
     painter.drawImage(margin, margin, picture);

@@ -107,7 +107,7 @@ private Q_SLOTS:
                            "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>CFBundleExecutable</key>"
                            "<string>run</string></dict></plist>");
         const QString executable = QStringLiteral("Applications/Tool.app/Contents/MacOS/run");
-        session->writeFile(executable, "#!/bin/sh\ntouch \"$HOME/launched/Tool\"\n");
+        session->writeFile(executable, "#!/bin/sh\ntouch \"$HOME/launched/Tool$QT_QPA_UPDATE_IDLE_TIME\"\n");
         QFile::setPermissions(session->home() + u'/' + executable, QFile::ReadOwner | QFile::ExeOwner);
         const Wall wall(*session);
         QVERIFY(wall.waitForCards(1));

@@ -23,16 +23,6 @@ void enterNewSession(gpointer) {
     setsid();
 }
 
-void openDesktopEntry(const FileUrl& entry) {
-    const std::unique_ptr<GDesktopAppInfo, ObjectDeleter> information(
-        g_desktop_app_info_new_from_filename(entry.nativePath().constData()));
-    if (!information)
-        return;
-    const std::unique_ptr<GAppLaunchContext, ObjectDeleter> context(g_app_launch_context_new());
-    g_desktop_app_info_launch_uris_as_manager(information.get(), nullptr, context.get(), G_SPAWN_SEARCH_PATH,
-                                              enterNewSession, nullptr, nullptr, nullptr, nullptr);
-}
-
 // The file, links resolved, when it lies inside the folder and may be executed; else an empty path.
 fs::path executableInside(const fs::path& folder, const fs::path& file) {
     std::error_code error;
@@ -48,13 +38,26 @@ fs::path executableInside(const fs::path& folder, const fs::path& file) {
 
 } // namespace
 
-GioWorkspace::GioWorkspace(const BundleReader& bundleReader) : m_bundleReader(bundleReader) {}
+GioWorkspace::GioWorkspace(const BundleReader& bundleReader, QList<QByteArray> privateVariables)
+    : m_bundleReader(bundleReader), m_privateVariables(std::move(privateVariables)) {}
 
 void GioWorkspace::openApplication(const FileUrl& application) {
     if (application.pathExtension() == QLatin1StringView("desktop"))
         openDesktopEntry(application);
     else
         openBundle(application);
+}
+
+void GioWorkspace::openDesktopEntry(const FileUrl& entry) const {
+    const std::unique_ptr<GDesktopAppInfo, ObjectDeleter> information(
+        g_desktop_app_info_new_from_filename(entry.nativePath().constData()));
+    if (!information)
+        return;
+    const std::unique_ptr<GAppLaunchContext, ObjectDeleter> context(g_app_launch_context_new());
+    for (const QByteArray& variable : m_privateVariables)
+        g_app_launch_context_unsetenv(context.get(), variable.constData());
+    g_desktop_app_info_launch_uris_as_manager(information.get(), nullptr, context.get(), G_SPAWN_SEARCH_PATH,
+                                              enterNewSession, nullptr, nullptr, nullptr, nullptr);
 }
 
 void GioWorkspace::openBundle(const FileUrl& bundle) const {
@@ -68,8 +71,12 @@ void GioWorkspace::openBundle(const FileUrl& bundle) const {
             continue;
         // Bytes from end to end: the path need not be Unicode.
         const std::array arguments{const_cast<gchar*>(executable.c_str()), static_cast<gchar*>(nullptr)};
-        g_spawn_async(g_get_home_dir(), const_cast<gchar**>(arguments.data()), nullptr, G_SPAWN_DEFAULT,
+        gchar** environment = g_get_environ();
+        for (const QByteArray& variable : m_privateVariables)
+            environment = g_environ_unsetenv(environment, variable.constData());
+        g_spawn_async(g_get_home_dir(), const_cast<gchar**>(arguments.data()), environment, G_SPAWN_DEFAULT,
                       enterNewSession, nullptr, nullptr, nullptr);
+        g_strfreev(environment);
         return;
     }
 }
