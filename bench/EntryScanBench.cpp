@@ -2,6 +2,7 @@
 // nothing with them, and by GIO. GIO keeps what it finds and rereads a folder after it has seen it
 // change, so each of its passes has a child process of its own that reports the time of its first call.
 
+#include "catalog/AppScanner.h"
 #include "platform/linux/files/RegularFile.h"
 #include "platform/linux/freedesktop/DesktopEntrySource.h"
 
@@ -89,6 +90,22 @@ void listEntries(benchmark::State& state) {
     }
 }
 
+// All that a refresh does off the main thread: the pass over the entries, categories and the order of names.
+void scanAndSort(benchmark::State& state) {
+    const EntryFolder& folder = folderWith(state.range(0));
+    std::vector<std::unique_ptr<zelmo::ApplicationSource>> sources;
+    sources.push_back(std::make_unique<zelmo::DesktopEntrySource>(
+        zelmo::DesktopEntrySettings{.applicationFolders = {QByteArray::fromStdString(folder.applications().string())},
+                                    .currentDesktops = {"KDE"},
+                                    .programPath = "/usr/local/bin:/usr/bin:/bin",
+                                    .locales = zelmo::LocaleNames({.language = "de_AT:en_GB"})}));
+    const zelmo::AppScanner scanner(std::move(sources), QLocale(QLocale::German));
+    for (auto iteration : state) {
+        if (scanner.scan().apps.size() != state.range(0))
+            state.SkipWithError("entries are missing");
+    }
+}
+
 void readFiles(benchmark::State& state) {
     const std::string path = folderWith(state.range(0)).applications().string();
     for (auto iteration : state) {
@@ -136,6 +153,7 @@ void listWithGio(benchmark::State& state) {
 }
 
 BENCHMARK(listEntries)->Arg(200)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(scanAndSort)->Arg(200)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(readFiles)->Arg(200)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(listWithGio)->Arg(200)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond)->UseManualTime();
 

@@ -11,10 +11,10 @@
 
 namespace zelmo {
 
-// Keeps keys by grabbing the keyboard on the root window until the wall has the focus. The grab is
-// let go after `longestGrab` at the latest, so that a wall that never gets the focus can't hold the
-// keyboard; the keys kept by then still wait for it. Where another program holds a grab none is made. Owned by the application's
-// construction code; main thread.
+// Keeps keys by grabbing the keyboard on the root window until the wall has the focus. The grab is let go after
+// `longestGrab` at the latest, so that a wall that never gets the focus can't hold the keyboard; the keys kept by
+// then still wait for it. Where another program holds a grab none is made. Owned by the application's construction
+// code; main thread.
 class X11KeyboardBuffer : public QObject, public KeyboardBuffer, private QAbstractNativeEventFilter {
     Q_OBJECT
 

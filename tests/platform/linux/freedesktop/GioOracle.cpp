@@ -37,6 +37,8 @@ void printApplications() {
         print(g_desktop_app_info_get_filename(G_DESKTOP_APP_INFO(application)));
         print(g_app_info_get_name(application));
         printIcon(g_app_info_get_icon(application));
+        const char* categories = g_desktop_app_info_get_categories(G_DESKTOP_APP_INFO(application));
+        print(categories ? categories : "");
     }
     g_list_free_full(all, g_object_unref);
 }
