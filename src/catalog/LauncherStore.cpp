@@ -8,14 +8,16 @@
 #include "catalog/Workspace.h"
 #include "preferences/Preferences.h"
 
+#include <QCoreApplication>
+
 namespace zelmo {
 
 Q_LOGGING_CATEGORY(catalogLog, "zelmo.catalog", QtWarningMsg)
 
 LauncherStore::LauncherStore(AppScanner scanner, LauncherServices services, const QLocale& locale)
     : m_scanner(std::move(scanner)), m_services(std::move(services)), m_locale(locale),
+      m_usage(m_services.preferences, QCoreApplication::applicationPid(), UsageClocks::system()),
       m_rescanTimer(std::make_unique<RescanTimer>([this] { refresh(); })) {
-    loadUsageRecords();
     loadHiddenApps();
     m_services.folderWatcher.setChangeHandler([this] { m_rescanTimer->noteChange(); });
     QMetaObject::invokeMethod(this, &LauncherStore::refresh, Qt::QueuedConnection);
@@ -95,7 +97,7 @@ QList<LaunchableApp> LauncherStore::visibleApps() const {
             visible.append(m_apps[position]);
     };
     if (m_showsMostUsed) {
-        for (const qsizetype position : mostUsedRanking(m_apps, m_usageRecords))
+        for (const qsizetype position : mostUsedRanking(m_apps, m_usage.records()))
             take(position);
     } else {
         for (qsizetype position = 0; position < m_apps.size(); ++position) {
@@ -137,14 +139,11 @@ void LauncherStore::hideOverlay() {
 void LauncherStore::launch(const LaunchableApp& app) {
     if (m_isEditingApps)
         return;
+    // Counted before it is asked for: a launch that fails still counts.
+    m_usage.recordLaunch(app);
     m_services.workspace.openApplication(app.url);
     leaveEditMode();
     putOverlayAway();
-}
-
-void LauncherStore::loadUsageRecords() {
-    m_usageRecords =
-        decodeUsageRecords(m_services.preferences.value<PreferenceKey::appUsageRecords>()).value_or(AppUsageRecords{});
 }
 
 void LauncherStore::loadHiddenApps() {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalog/AppScanner.h"
-#include "catalog/AppUsageRecord.h"
+#include "catalog/AppUsage.h"
 #include "catalog/LaunchableApp.h"
 #include "catalog/NameSearch.h"
 
@@ -90,7 +90,6 @@ private:
     template <typename Value>
     void publish(Value& property, Value value, void (LauncherStore::*changed)());
     void publishScan(ScanResult result);
-    void loadUsageRecords();
     void loadHiddenApps();
     void leaveEditMode();
     void putOverlayAway();
@@ -107,7 +106,7 @@ private:
     bool m_isEditingApps = false;
     QSet<FileUrl> m_selectedAppIDs;
     std::unique_ptr<Overlay> m_overlay;
-    AppUsageRecords m_usageRecords;
+    AppUsage m_usage;
     QSet<QString> m_hiddenAppPaths;
     QList<FileUrl> m_watchedFolders;
     mutable std::optional<NameSearch> m_nameSearch; // of m_apps, made when first asked for

@@ -87,11 +87,12 @@ Item {
         Flickable {
             id: area
 
+            // As wide as the wall, so that a narrow wall cuts cards off at its edges only.
+            x: -content.x
+            width: wall.width
             anchors {
                 top: panel.bottom
                 bottom: parent.bottom
-                left: parent.left
-                right: parent.right
                 topMargin: WallMetrics.contentSpacing
             }
             contentHeight: grid.y + grid.implicitHeight + WallMetrics.areaBottomPadding

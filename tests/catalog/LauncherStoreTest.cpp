@@ -227,6 +227,17 @@ private Q_SLOTS:
         QVERIFY(!fixture.store->overlayIsVisible());
     }
 
+    void aLaunchCountsInMostUsedAtOnce() {
+        StoreFixture fixture(fewApplications());
+        QTRY_COMPARE(fixture.store->apps().size(), 4);
+        fixture.store->launch(fixture.store->apps()[2]);
+        fixture.store->setShowsMostUsed(true);
+        QCOMPARE(names(fixture.store->visibleApps()), QStringList{QStringLiteral("Notes")});
+        const auto stored =
+            decodeUsageRecords(std::get<QByteArray>(fixture.storage.values.value(QStringLiteral("appUsageRecords"))));
+        QCOMPARE(stored->value(path("Notes")).launchCount, 1);
+    }
+
     void nothingIsLaunchedWhileAppsAreEdited() {
         StoreFixture fixture(fewApplications());
         QTRY_COMPARE(fixture.store->apps().size(), 4);
@@ -234,6 +245,7 @@ private Q_SLOTS:
         fixture.store->setIsEditingApps(true);
         fixture.store->launch(fixture.store->apps()[2]);
         QVERIFY(fixture.workspace.opened.isEmpty());
+        QVERIFY(!fixture.storage.values.contains(QStringLiteral("appUsageRecords")));
         QVERIFY(fixture.store->overlayIsVisible());
     }
 
