@@ -126,7 +126,7 @@ void IconContainer::parseIco() {
 }
 
 QByteArray IconContainer::standalone(const Entry& entry) const {
-    const QByteArray picture = m_bytes.sliced(entry.picture.offset, entry.picture.length);
+    QByteArray picture = m_bytes.sliced(entry.picture.offset, entry.picture.length);
     if (picture.startsWith(pngStart) || Jpeg2000Picture::isPicture(picture))
         return picture;
     if (m_bytes.startsWith(icoStart)) {
@@ -150,6 +150,7 @@ std::vector<QByteArray> IconContainer::pictures(int pixels) const {
         return a.depth > b.depth;
     });
     std::vector<QByteArray> files;
+    files.reserve(ordered.size());
     for (const Entry& entry : ordered)
         files.push_back(standalone(entry));
     return files;

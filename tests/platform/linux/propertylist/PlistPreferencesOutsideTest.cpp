@@ -29,7 +29,7 @@ struct Running {
         QObject::connect(&preferences, &Preferences::changed, &preferences, [this](Key key) { changes.append(key); });
     }
 
-    bool comesToHave(double size) {
+    bool comesToHave(double size) const {
         return QTest::qWaitFor([&] { return preferences.value<Key::titleFontSize>() == size; }, 3000);
     }
 
