@@ -136,8 +136,9 @@ void CardGrid::writeRoles(const Card& card) const {
 }
 
 void CardGrid::place(QQuickItem& item, int row) const {
-    item.setPosition(QPointF((row % m_columns) * (m_columnWidth + m_columnSpacing),
-                             (row / m_columns) * (m_cardHeight + m_rowSpacing)));
+    const int column = row % m_columns;
+    const int line = row / m_columns;
+    item.setPosition(QPointF(column * (m_columnWidth + m_columnSpacing), line * (m_cardHeight + m_rowSpacing)));
 }
 
 void CardGrid::noteData(const QModelIndex& first, const QModelIndex& last) {
