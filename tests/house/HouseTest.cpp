@@ -32,7 +32,8 @@ const QSet<QString>& interfaces() {
         QSet<QString> set;
         for (const char* header :
              {"catalog/AppIcon.h", "catalog/ApplicationSource.h", "catalog/BundleReader.h", "catalog/FileUrl.h",
-              "catalog/FolderWatcher.h", "catalog/Workspace.h", "overlay/KeyboardBuffer.h", "overlay/MainScreen.h",
+              "catalog/FolderWatcher.h", "catalog/RunningApplication.h", "catalog/Trash.h", "catalog/Workspace.h",
+              "hotkey/HotKeyService.h", "overlay/KeyboardBuffer.h", "overlay/MainScreen.h",
               "preferences/PreferenceTable.h", "preferences/PreferencesStorage.h", "ui/IconSource.h"})
             set.insert(QString::fromLatin1(header));
         return set;
