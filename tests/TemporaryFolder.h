@@ -18,6 +18,11 @@ namespace zelmo {
 class TemporaryFolder {
 public:
     TemporaryFolder() : m_path(m_folder.path().toUtf8()) { m_folder.setAutoRemove(false); }
+    // In an existing folder, which may be on another file system.
+    explicit TemporaryFolder(const QString& place)
+        : m_folder(place + QStringLiteral("/zelmo-test-XXXXXX")), m_path(m_folder.path().toUtf8()) {
+        m_folder.setAutoRemove(false);
+    }
     // Also what has a name that QTemporaryDir can't tell.
     ~TemporaryFolder() {
         std::error_code error;
