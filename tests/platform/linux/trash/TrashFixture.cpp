@@ -108,12 +108,14 @@ std::optional<QByteArray> TrashFixture::run(const QStringList& command, const QB
     QProcess process;
     process.setProcessEnvironment(m_environment);
     process.setWorkingDirectory(QStringLiteral("/"));
-    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process.start(command.first(), command.mid(1));
     process.write(input);
     process.closeWriteChannel();
-    if (!process.waitForFinished(100'000) || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
+    if (!process.waitForFinished(100'000) || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
+        qInfo("%s: %s %s", qPrintable(command.first()), qPrintable(process.errorString()),
+              process.readAllStandardError().constData());
         return std::nullopt;
+    }
     return process.readAllStandardOutput();
 }
 
