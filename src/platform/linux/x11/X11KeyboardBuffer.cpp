@@ -1,5 +1,6 @@
 #include "platform/linux/x11/X11KeyboardBuffer.h"
 
+#include "platform/linux/x11/QtX11Connection.h"
 #include "platform/linux/x11/XcbReply.h"
 
 #include <QCoreApplication>
@@ -15,9 +16,9 @@ constexpr std::uint8_t sentByClient = 0x80;
 } // namespace
 
 X11KeyboardBuffer::X11KeyboardBuffer() {
-    if (const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
-        m_connection = x11->connection();
-        m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
+    if (const auto x11 = QtX11Connection::current()) {
+        m_connection = x11->connection;
+        m_root = x11->root;
     }
     m_limit.setSingleShot(true);
     m_limit.setInterval(longestGrab);

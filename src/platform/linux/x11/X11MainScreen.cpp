@@ -1,5 +1,6 @@
 #include "platform/linux/x11/X11MainScreen.h"
 
+#include "platform/linux/x11/QtX11Connection.h"
 #include "platform/linux/x11/XcbReply.h"
 
 #include <QCursor>
@@ -55,11 +56,9 @@ QScreen* screenAtPixel(QPoint pixel) {
 } // namespace
 
 QScreen* X11MainScreen::mainScreen() const {
-    if (const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
-        xcb_connection_t* connection = x11->connection();
-        const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
-        if (const auto window = activeWindow(connection, root)) {
-            if (const auto pixel = center(connection, root, *window)) {
+    if (const auto x11 = QtX11Connection::current()) {
+        if (const auto window = activeWindow(x11->connection, x11->root)) {
+            if (const auto pixel = center(x11->connection, x11->root, *window)) {
                 if (QScreen* screen = screenAtPixel(*pixel))
                     return screen;
             }
