@@ -144,6 +144,7 @@ private Q_SLOTS:
         fixture.choose("off");
         fixture.service.log.clear();
         fixture.controller.configure();
+        fixture.controller.configure();
         QCOMPARE(fixture.service.log, QStringList{QStringLiteral("unregister 1")});
         QCOMPARE(fixture.status(), QStringLiteral("Shortcut is off."));
     }

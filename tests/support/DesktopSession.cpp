@@ -65,6 +65,11 @@ std::unique_ptr<DesktopSession> DesktopSession::start(const DesktopOptions& opti
     QFile::setPermissions(home + QStringLiteral("/run"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     QDir(home).mkdir(QStringLiteral("launched"));
 
+    if (options.shortcuts == WindowManagerShortcuts::none)
+        session->writeFile(QStringLiteral(".config/openbox/rc.xml"),
+                           "<?xml version=\"1.0\"?><openbox_config xmlns=\"http://openbox.org/3.4/rc\"><keyboard/>"
+                           "</openbox_config>");
+
     if (!session->startServer(options.screen) || !session->startBus() ||
         (!options.windowManager.isEmpty() && !session->startWindowManager(options.windowManager)))
         return nullptr;

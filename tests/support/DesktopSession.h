@@ -12,10 +12,14 @@
 
 namespace zelmo::test {
 
+// Which shortcuts openbox has: its own, one of which is Alt and Space, or none.
+enum class WindowManagerShortcuts { none, standard };
+
 struct DesktopOptions {
     QSize screen{1280, 800};
     // The program that manages windows; none when empty.
     QString windowManager = QStringLiteral("openbox");
+    WindowManagerShortcuts shortcuts = WindowManagerShortcuts::none;
 };
 
 // A desktop of one's own: an X server, a session bus, a window manager and a home folder that only

@@ -112,26 +112,11 @@ void XDisplay::sendKey(xcb_keycode_t code, bool press) const {
 }
 
 bool XDisplay::typeKey(xcb_keysym_t symbol) const {
-    const xcb_setup_t* setup = xcb_get_setup(m_connection);
-    const auto count = static_cast<std::uint8_t>(setup->max_keycode - setup->min_keycode + 1);
-    const Owned<xcb_get_keyboard_mapping_reply_t> mapping(xcb_get_keyboard_mapping_reply(
-        m_connection, xcb_get_keyboard_mapping(m_connection, setup->min_keycode, count), nullptr));
-    if (!mapping)
-        return false;
-    const xcb_keysym_t* symbols = xcb_get_keyboard_mapping_keysyms(mapping.get());
-    const int width = mapping->keysyms_per_keycode;
-    const auto codeOf = [&](xcb_keysym_t wanted, int level) {
-        for (int code = 0; code < count; ++code) {
-            if (symbols[code * width + level] == wanted)
-                return static_cast<xcb_keycode_t>(setup->min_keycode + code);
-        }
-        return xcb_keycode_t{0};
-    };
-    if (const xcb_keycode_t plain = codeOf(symbol, 0)) {
+    if (const xcb_keycode_t plain = keyFor(symbol, 0)) {
         sendKey(plain, true);
         sendKey(plain, false);
-    } else if (const xcb_keycode_t shifted = codeOf(symbol, 1)) {
-        const xcb_keycode_t shift = codeOf(shiftKey, 0);
+    } else if (const xcb_keycode_t shifted = keyFor(symbol, 1)) {
+        const xcb_keycode_t shift = keyFor(shiftKey, 0);
         sendKey(shift, true);
         sendKey(shifted, true);
         sendKey(shifted, false);
@@ -141,6 +126,36 @@ bool XDisplay::typeKey(xcb_keysym_t symbol) const {
     }
     synchronize();
     return true;
+}
+
+bool XDisplay::holdKey(xcb_keysym_t symbol) const {
+    const xcb_keycode_t key = keyFor(symbol, 0);
+    sendKey(key, true);
+    synchronize();
+    return key != 0;
+}
+
+bool XDisplay::releaseKey(xcb_keysym_t symbol) const {
+    const xcb_keycode_t key = keyFor(symbol, 0);
+    sendKey(key, false);
+    synchronize();
+    return key != 0;
+}
+
+xcb_keycode_t XDisplay::keyFor(xcb_keysym_t symbol, int level) const {
+    const xcb_setup_t* setup = xcb_get_setup(m_connection);
+    const auto count = static_cast<std::uint8_t>(setup->max_keycode - setup->min_keycode + 1);
+    const Owned<xcb_get_keyboard_mapping_reply_t> mapping(xcb_get_keyboard_mapping_reply(
+        m_connection, xcb_get_keyboard_mapping(m_connection, setup->min_keycode, count), nullptr));
+    if (!mapping)
+        return 0;
+    const xcb_keysym_t* symbols = xcb_get_keyboard_mapping_keysyms(mapping.get());
+    const int width = mapping->keysyms_per_keycode;
+    for (int code = 0; code < count; ++code) {
+        if (symbols[code * width + level] == symbol)
+            return static_cast<xcb_keycode_t>(setup->min_keycode + code);
+    }
+    return 0;
 }
 
 bool XDisplay::typeText(const QString& text) const {

@@ -35,6 +35,9 @@ public:
     // Presses and releases one key; a shifted one with Shift. False when the layout lacks it.
     bool typeKey(xcb_keysym_t symbol) const;
     bool typeText(const QString& text) const;
+    // Holds a key that gives the symbol without Shift until it is released. False when the layout lacks it.
+    bool holdKey(xcb_keysym_t symbol) const;
+    bool releaseKey(xcb_keysym_t symbol) const;
     void movePointer(QPoint position) const;
     void click(QPoint position) const;
     // Returns when the server has done all that was asked before.
@@ -45,12 +48,18 @@ public:
 private:
     explicit XDisplay(xcb_connection_t* connection);
 
+    // The first key with the symbol on this level, or 0.
+    xcb_keycode_t keyFor(xcb_keysym_t symbol, int level) const;
     void sendKey(xcb_keycode_t code, bool press) const;
 
     xcb_connection_t* m_connection;
     xcb_screen_t* m_screen;
 };
 
+inline constexpr xcb_keysym_t spaceKey = 0x0020;
+inline constexpr xcb_keysym_t altKey = 0xffe9;
+inline constexpr xcb_keysym_t controlKey = 0xffe3;
+inline constexpr xcb_keysym_t superKey = 0xffeb;
 inline constexpr xcb_keysym_t escapeKey = 0xff1b;
 inline constexpr xcb_keysym_t backspaceKey = 0xff08;
 inline constexpr xcb_keysym_t returnKey = 0xff0d;
