@@ -1,0 +1,396 @@
+#include "OtherProgram.h"
+#include "RunningHotKeyProgram.h"
+
+#include <QTest>
+#include <QThread>
+
+#include <csignal>
+
+using namespace zelmo::test;
+
+namespace {
+
+constexpr xcb_keycode_t spaceCode = 65;
+constexpr xcb_keycode_t capsLockCode = 66;
+constexpr xcb_keycode_t numLockCode = 77;
+constexpr xcb_keycode_t scrollLockCode = 78;
+constexpr xcb_keycode_t leftSuperCode = 133;
+constexpr xcb_keysym_t capsLockKey = 0xffe5;
+constexpr xcb_keysym_t numLockKey = 0xff7f;
+constexpr xcb_keysym_t scrollLockKey = 0xff14;
+constexpr xcb_keysym_t lettersKey = 0x0078; // x
+
+const QString pressed = QStringLiteral("pressed");
+const QString assigned = QStringLiteral("Option + Space is assigned to Zelmo.");
+
+bool isRefusal(const QString& status) {
+    return status.startsWith(QStringLiteral("Could not assign"));
+}
+
+// The shortcut as a person presses it: never twice within one tick of the server's clock.
+void pressShortcut(const DesktopSession& session, xcb_keysym_t modifier = altKey) {
+    const XDisplay& display = session.display();
+    display.holdKey(modifier);
+    display.holdKey(spaceKey);
+    display.releaseKey(spaceKey);
+    display.releaseKey(modifier);
+    QThread::msleep(3);
+}
+
+} // namespace
+
+class X11HotKeyServiceTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void eachPressArrivesOnce_data() { windowManagers(); }
+    void eachPressArrivesOnce() {
+        const auto session = startSession();
+        QVERIFY(session);
+        RunningHotKeyProgram program(*session);
+        QCOMPARE(program.take("optionSpace"), assigned);
+        for (int i = 1; i <= 4; ++i) {
+            pressShortcut(*session);
+            QVERIFY(program.waitForCount(pressed, i));
+        }
+        QCOMPARE(program.count(pressed), 4);
+    }
+
+    void eachChoiceHasItsModifier_data() {
+        QTest::addColumn<xcb_keysym_t>("modifier");
+        QTest::newRow("optionSpace") << altKey;
+        QTest::newRow("controlSpace") << controlKey;
+        QTest::newRow("commandSpace") << superKey;
+    }
+    void eachChoiceHasItsModifier() {
+        QFETCH(xcb_keysym_t, modifier);
+        const auto session = bareSession();
+        QVERIFY(session);
+        RunningHotKeyProgram program(*session);
+        QVERIFY(!isRefusal(program.take(QTest::currentDataTag())));
+        for (const xcb_keysym_t other : {altKey, controlKey, superKey}) {
+            if (other != modifier)
+                pressShortcut(*session, other);
+        }
+        pressShortcut(*session, modifier);
+        QVERIFY(program.waitForCount(QStringLiteral("shown"), 1));
+        QCOMPARE(program.count(pressed), 1);
+    }
+
+    void lockedModifiersMakeNoDifference_data() {
+        QTest::addColumn<QList<xcb_keysym_t>>("locks");
+        QTest::newRow("Num Lock") << QList{numLockKey};
+        QTest::newRow("Caps Lock") << QList{capsLockKey};
+        QTest::newRow("Scroll Lock") << QList{scrollLockKey};
+        QTest::newRow("Num and Caps Lock") << QList{numLockKey, capsLockKey};
+        QTest::newRow("all three") << QList{numLockKey, capsLockKey, scrollLockKey};
+    }
+    void lockedModifiersMakeNoDifference() {
+        QFETCH(QList<xcb_keysym_t>, locks);
+        const auto session = bareSession();
+        QVERIFY(session);
+        const OtherProgram other(session->displayName());
+        other.changeModifier(XCB_MAP_INDEX_3, scrollLockCode);
+        RunningHotKeyProgram program(*session);
+        QCOMPARE(program.take("optionSpace"), assigned);
+        for (const xcb_keysym_t lock : locks)
+            QVERIFY(session->display().typeKey(lock));
+        pressShortcut(*session);
+        QVERIFY(program.waitForCount(pressed, 1));
+    }
+
+    void aHeldKeyIsOnePressAndTypesNothingIntoTheWall_data() { windowManagers(); }
+    void aHeldKeyIsOnePressAndTypesNothingIntoTheWall() {
+        const auto session = startSession();
+        QVERIFY(session);
+        const XDisplay& display = session->display();
+        RunningHotKeyProgram program(*session);
+        QCOMPARE(program.take("optionSpace"), assigned);
+        display.holdKey(altKey);
+        display.holdKey(spaceKey);
+        const QString repeat = QStringLiteral("event %1").arg(spaceCode);
+        QVERIFY(program.waitForCount(repeat, 5));
+        QVERIFY(waitForFocus(*session, QStringLiteral("Wall")));
+        // Both with the modifier and after it.
+        QVERIFY(program.waitForCount(repeat, program.count(repeat) + 5));
+        display.releaseKey(altKey);
+        QVERIFY(program.waitForCount(repeat, program.count(repeat) + 5));
+        display.releaseKey(spaceKey);
+        QVERIFY(display.typeText(QStringLiteral("x y")));
+        QVERIFY(DesktopSession::waitFor([&] { return program.typed().endsWith(u'y'); }));
+        QCOMPARE(program.typed(), QStringLiteral("x y"));
+        QCOMPARE(program.count(pressed), 1);
+    }
+
+    void aKeyHeldToHideTheWallTypesNothingBelow() {
+        const auto session = DesktopSession::start();
+        QVERIFY(session);
+        const XDisplay& display = session->display();
+        OtherProgram other(session->displayName());
+        other.showWindow();
+        QVERIFY(DesktopSession::waitFor([&] { return other.hasFocus(); }));
+        RunningHotKeyProgram program(*session);
+        QCOMPARE(program.take("optionSpace"), assigned);
+        pressShortcut(*session);
+        QVERIFY(waitForFocus(*session, QStringLiteral("Wall")));
+        display.holdKey(altKey);
+        display.holdKey(spaceKey);
+        const QString repeat = QStringLiteral("event %1").arg(spaceCode);
+        QVERIFY(program.waitForCount(repeat, program.count(repeat) + 5));
+        display.releaseKey(altKey);
+        QVERIFY(DesktopSession::waitFor([&] { return other.hasFocus(); }));
+        QVERIFY(program.waitForCount(repeat, program.count(repeat) + 5));
+        display.releaseKey(spaceKey);
+        display.typeKey(lettersKey);
+        QVERIFY(
+            DesktopSession::waitFor([&] { return !other.pressedKeys().empty() && other.pressedKeys().back() != 64; }));
+        QVERIFY(std::ranges::find(other.pressedKeys(), spaceCode) == other.pressedKeys().end());
+        QCOMPARE(program.count(pressed), 2);
+    }
+
+    void keysTypedRightAfterThePressReachTheWall_data() { windowManagers(); }
+    void keysTypedRightAfterThePressReachTheWall() {
+        const auto session = startSession();
+        QVERIFY(session);
+        OtherProgram other(session->displayName());
+        other.showWindow();
+        if (session->windowManagerName().isEmpty())
+            other.takeFocus();
+        QVERIFY(DesktopSession::waitFor([&] { return other.hasFocus(); }));
+        RunningHotKeyProgram program(*session);
+        QCOMPARE(program.take("optionSpace"), assigned);
+        // The program sleeps through all of it.
+        kill(static_cast<pid_t>(program.process().processId()), SIGSTOP);
+        pressShortcut(*session);
+        QVERIFY(session->display().typeText(QStringLiteral("first keys")));
+        kill(static_cast<pid_t>(program.process().processId()), SIGCONT);
+        QVERIFY(DesktopSession::waitFor([&] { return program.typed() == QStringLiteral("first keys"); }));
+        QCOMPARE(program.count(pressed), 1);
+    }
+
+    void aSecondPressClosesTheWallThatIsStillOpening() {
+        const auto session = DesktopSession::start();
+        QVERIFY(session);
+        RunningHotKeyProgram program(*session);
+        QCOMPARE(program.take("optionSpace"), assigned);
+        // A window manager that sleeps lets no window appear.
+        kill(static_cast<pid_t>(session->windowManagerProcess()), SIGSTOP);
+        pressShortcut(*session);
+        QVERIFY(program.waitForCount(QStringLiteral("shown"), 1));
+        pressShortcut(*session);
+        QVERIFY(program.waitForCount(QStringLiteral("hidden"), 1));
+        kill(static_cast<pid_t>(session->windowManagerProcess()), SIGCONT);
+        QVERIFY(!session->display().keyboardIsGrabbed());
+        pressShortcut(*session);
+        QVERIFY(waitForFocus(*session, QStringLiteral("Wall")));
+        session->display().typeKey(lettersKey);
+        QVERIFY(DesktopSession::waitFor([&] { return program.typed() == QStringLiteral("x"); }));
+    }
+
+    void aCombinationThatAnotherProgramHasIsRefused_data() {
+        QTest::addColumn<std::uint16_t>("modifiers");
+        QTest::newRow("plain") << std::uint16_t{XCB_MOD_MASK_1};
+        QTest::newRow("with Num Lock only") << std::uint16_t{XCB_MOD_MASK_1 | XCB_MOD_MASK_2};
+        QTest::newRow("with Caps and Num Lock only")
+            << std::uint16_t{XCB_MOD_MASK_1 | XCB_MOD_MASK_2 | XCB_MOD_MASK_LOCK};
+    }
+    void aCombinationThatAnotherProgramHasIsRefused() {
+        QFETCH(std::uint16_t, modifiers);
+        const auto session = bareSession();
+        QVERIFY(session);
+        const OtherProgram other(session->displayName());
+        QVERIFY(other.grabKey(spaceCode, modifiers));
+        RunningHotKeyProgram program(*session);
+        QVERIFY(isRefusal(program.take("optionSpace")));
+        // None of the others is kept.
+        for (const std::uint16_t variant : variantsWithLocks(XCB_MOD_MASK_1))
+            QVERIFY(other.grabKey(spaceCode, variant));
+        for (const std::uint16_t variant : variantsWithLocks(XCB_MOD_MASK_1))
+            other.ungrabKey(spaceCode, variant);
+        QCOMPARE(program.take("optionSpace"), assigned);
+        QVERIFY(!other.grabKey(spaceCode, modifiers));
+        pressShortcut(*session);
+        QVERIFY(program.waitForCount(pressed, 1));
+    }
+
+    void theWindowManagersOwnShortcutIsRespected() {
+        const auto session = DesktopSession::start({.shortcuts = WindowManagerShortcuts::standard});
+        QVERIFY(session);
+        RunningHotKeyProgram program(*session);
+        QVERIFY(isRefusal(program.take("optionSpace")));
+        QVERIFY(!isRefusal(program.take("controlSpace")));
+        pressShortcut(*session, controlKey);
+        QVERIFY(program.waitForCount(pressed, 1));
+    }
+
+    void aShortcutThatIsTurnedOffIsFreeForOthers() {
+        const auto session = bareSession();
+        QVERIFY(session);
+        OtherProgram other(session->displayName());
+        RunningHotKeyProgram program(*session);
+        QVERIFY(!isRefusal(program.take("commandSpace")));
+        QVERIFY(!other.grabKey(spaceCode, XCB_MOD_MASK_4));
+        QCOMPARE(program.take("off"), QStringLiteral("Shortcut is off."));
+        for (const std::uint16_t variant : variantsWithLocks(XCB_MOD_MASK_4))
+            QVERIFY(other.grabKey(spaceCode, variant));
+        pressShortcut(*session, superKey);
+        QVERIFY(DesktopSession::waitFor([&] { return !other.pressedKeys().empty(); }));
+        QCOMPARE(program.count(pressed), 0);
+    }
+
+    void whileAnotherProgramHoldsTheKeyboardNothingHappens() {
+        const auto session = bareSession();
+        QVERIFY(session);
+        OtherProgram other(session->displayName());
+        RunningHotKeyProgram program(*session);
+        QCOMPARE(program.take("optionSpace"), assigned);
+        QVERIFY(other.grabKeyboard());
+        pressShortcut(*session);
+        QVERIFY(DesktopSession::waitFor([&] { return other.pressedKeys().size() == 2; }));
+        other.ungrabKeyboard();
+        pressShortcut(*session);
+        QVERIFY(program.waitForCount(QStringLiteral("shown"), 1));
+        QCOMPARE(program.count(pressed), 1);
+    }
+
+    void aFullScreenWindowInFrontMakesNoDifference() {
+        const auto session = DesktopSession::start();
+        QVERIFY(session);
+        OtherProgram other(session->displayName());
+        RunningHotKeyProgram program(*session);
+        QCOMPARE(program.take("optionSpace"), assigned);
+        other.showWindow();
+        QVERIFY(DesktopSession::waitFor([&] { return other.hasFocus(); }));
+        pressShortcut(*session);
+        QVERIFY(waitForFocus(*session, QStringLiteral("Wall")));
+        QVERIFY(std::ranges::find(other.pressedKeys(), spaceCode) == other.pressedKeys().end());
+    }
+
+    void theKeyIsFollowedToAnotherPlace() {
+        const auto session = bareSession();
+        QVERIFY(session);
+        const OtherProgram other(session->displayName());
+        RunningHotKeyProgram program(*session);
+        QCOMPARE(program.take("optionSpace"), assigned);
+        other.changeModifier(XCB_MAP_INDEX_LOCK, 0);
+        other.changeKey(spaceCode, capsLockKey);
+        other.changeKey(capsLockCode, spaceKey);
+        QVERIFY(waitForPress(*session, program));
+        QVERIFY(other.grabKey(spaceCode, XCB_MOD_MASK_1));
+    }
+
+    void eachOfTwoSpaceKeysWorks() {
+        const auto session = bareSession();
+        QVERIFY(session);
+        const OtherProgram other(session->displayName());
+        other.changeModifier(XCB_MAP_INDEX_LOCK, 0);
+        other.changeKey(capsLockCode, spaceKey);
+        RunningHotKeyProgram program(*session);
+        QCOMPARE(program.take("optionSpace"), assigned);
+        QVERIFY(!other.grabKey(spaceCode, XCB_MOD_MASK_1));
+        QVERIFY(!other.grabKey(capsLockCode, XCB_MOD_MASK_1));
+    }
+
+    void numLockIsFollowedToAnotherModifier() {
+        const auto session = bareSession();
+        QVERIFY(session);
+        const OtherProgram other(session->displayName());
+        RunningHotKeyProgram program(*session);
+        QCOMPARE(program.take("optionSpace"), assigned);
+        other.changeModifier(XCB_MAP_INDEX_3, numLockCode);
+        QVERIFY(session->display().typeKey(numLockKey));
+        QVERIFY(waitForPress(*session, program));
+    }
+
+    void superIsFollowedToAnotherModifier() {
+        const auto session = bareSession();
+        QVERIFY(session);
+        const OtherProgram other(session->displayName());
+        RunningHotKeyProgram program(*session);
+        QVERIFY(!isRefusal(program.take("commandSpace")));
+        other.changeModifier(XCB_MAP_INDEX_4, 0);
+        other.changeModifier(XCB_MAP_INDEX_3, leftSuperCode);
+        QVERIFY(waitForPress(*session, program, superKey));
+        QVERIFY(other.grabKey(spaceCode, XCB_MOD_MASK_4));
+    }
+
+    void aKeyboardWithoutTheModifierIsRefused() {
+        const auto session = bareSession();
+        QVERIFY(session);
+        const OtherProgram other(session->displayName());
+        other.changeModifier(XCB_MAP_INDEX_4, 0);
+        RunningHotKeyProgram program(*session);
+        QVERIFY(isRefusal(program.take("commandSpace")));
+        QVERIFY(other.grabKey(spaceCode, 0));
+    }
+
+    void theSecondGroupOfALayoutWorks() {
+        const auto session = bareSession();
+        QVERIFY(session);
+        RunningHotKeyProgram program(*session);
+        QCOMPARE(program.take("optionSpace"), assigned);
+        QProcess& change =
+            session->startProgram(QStringLiteral("setxkbmap"), {QStringLiteral("us,ru"), QStringLiteral("-option"),
+                                                                QStringLiteral("grp:caps_toggle")});
+        QVERIFY(change.waitForFinished());
+        QCOMPARE(change.exitCode(), 0);
+        QVERIFY(waitForPress(*session, program));
+        session->display().holdKey(0xfe08); // ISO_Next_Group
+        session->display().releaseKey(0xfe08);
+        const int before = program.count(pressed);
+        pressShortcut(*session);
+        QVERIFY(program.waitForCount(pressed, before + 1));
+    }
+
+    void withoutAnXServerTheShortcutIsRefused() {
+        const auto session = bareSession();
+        QVERIFY(session);
+        QProcess& process = session->startProgram(QStringLiteral("env"), {QStringLiteral("QT_QPA_PLATFORM=offscreen"),
+                                                                          QStringLiteral(ZELMO_HOT_KEY_PROGRAM)});
+        process.write("optionSpace\noff\n");
+        QByteArray output;
+        QVERIFY(DesktopSession::waitFor([&] {
+            process.waitForReadyRead(1);
+            output += process.readAllStandardOutput();
+            return output.count('\n') == 2;
+        }));
+        QVERIFY(output.startsWith("status Could not assign Option + Space."));
+        QVERIFY(output.endsWith("status Shortcut is off.\n"));
+    }
+
+private:
+    static void windowManagers() {
+        QTest::addColumn<QString>("windowManager");
+        QTest::newRow("openbox") << QStringLiteral("openbox");
+        QTest::newRow("none") << QString();
+    }
+    static std::unique_ptr<DesktopSession> startSession() {
+        QFETCH(QString, windowManager);
+        return DesktopSession::start({.windowManager = windowManager});
+    }
+    static std::unique_ptr<DesktopSession> bareSession() { return DesktopSession::start({.windowManager = {}}); }
+
+    static bool waitForFocus(const DesktopSession& session, const QString& title) {
+        return DesktopSession::waitFor([&] {
+            const auto window = session.display().viewableWindow(title);
+            return window && session.display().focusedWindow() == *window;
+        });
+    }
+    // Tries until the program has noticed what has changed.
+    static bool waitForPress(const DesktopSession& session, RunningHotKeyProgram& program,
+                             xcb_keysym_t modifier = altKey) {
+        return DesktopSession::waitFor([&] {
+            pressShortcut(session, modifier);
+            return program.count(pressed) > 0;
+        });
+    }
+    static QList<std::uint16_t> variantsWithLocks(int modifiers) {
+        QList<std::uint16_t> variants;
+        for (const int locks : {0, int{XCB_MOD_MASK_LOCK}, int{XCB_MOD_MASK_2}, XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2})
+            variants.append(static_cast<std::uint16_t>(modifiers | locks));
+        return variants;
+    }
+};
+
+QTEST_GUILESS_MAIN(X11HotKeyServiceTest)
+#include "X11HotKeyServiceTest.moc"
