@@ -25,6 +25,8 @@ constexpr std::array keyTable{
     KeyRow{"OnlyShowIn", DesktopEntryKey::onlyShowIn},
     KeyRow{"NotShowIn", DesktopEntryKey::notShowIn},
     KeyRow{"Categories", DesktopEntryKey::categories},
+    KeyRow{"StartupWMClass", DesktopEntryKey::startupWmClass},
+    KeyRow{"Terminal", DesktopEntryKey::terminal},
     KeyRow{"DBusActivatable", DesktopEntryKey::dBusActivatable},
 };
 

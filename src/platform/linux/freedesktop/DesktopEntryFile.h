@@ -23,6 +23,8 @@ enum class DesktopEntryKey {
     onlyShowIn,
     notShowIn,
     categories,
+    startupWmClass,
+    terminal,
     dBusActivatable,
 };
 

@@ -50,18 +50,39 @@ QString iconName(QString icon) {
     return icon;
 }
 
+// The file name of the program that an entry runs; what only prepares its environment is passed over.
+QByteArray programName(const DesktopEntryFile& entry) {
+    constexpr qsizetype fewWords = 16;
+    const auto fileName = [](const QByteArray& word) { return word.mid(word.lastIndexOf('/') + 1); };
+    const QByteArray exec = entry.value(DesktopEntryKey::exec).value_or(QByteArray());
+    const QByteArray first = fileName(ExecCommand::program(exec).value_or(QByteArray()));
+    if (first != "env")
+        return first;
+    const QList<QByteArray> words = ExecCommand::words(exec, fewWords).value_or(QList<QByteArray>());
+    for (const QByteArray& word : words.sliced(1)) {
+        if (!word.contains('=') && !word.startsWith('-'))
+            return fileName(word);
+    }
+    return {};
+}
+
 // One pass over all folders: what has been seen so far, and the answers that are worth keeping.
 class EntryPass {
 public:
     explicit EntryPass(const DesktopEntrySettings& settings) : m_settings(settings), m_programs(settings.programPath) {}
 
-    ApplicationListing run() {
+    struct Result {
+        ApplicationListing listing;
+        std::vector<IndexedApplication> index;
+    };
+
+    Result run() {
         for (const QByteArray& folder : m_settings.applicationFolders) {
             walkEntryFolders(
                 folder, [this](const QByteArray& path) { m_listing.folders.append(FileUrl::fromNativePath(path)); },
                 [this](const EntryFileVisit& file) { visit(file); });
         }
-        return std::move(m_listing);
+        return {std::move(m_listing), std::move(m_index)};
     }
 
 private:
@@ -77,7 +98,16 @@ private:
         const std::optional<DesktopEntryFile> entry =
             DesktopEntryFile::parse(std::move(contents.bytes), m_settings.locales);
         if (entry && isShown(*entry) && isInstalled(*entry))
-            m_listing.applications.append(describe(file, *entry));
+            keep(file, *entry);
+    }
+
+    void keep(const EntryFileVisit& file, const DesktopEntryFile& entry) {
+        m_listing.applications.append(describe(file, entry));
+        m_index.push_back({.entryId = file.entryId,
+                           .url = m_listing.applications.last().url,
+                           .startupClass = entry.value(DesktopEntryKey::startupWmClass).value_or(QByteArray()),
+                           // In a terminal all windows are the terminal's.
+                           .program = entry.flag(DesktopEntryKey::terminal) ? QByteArray() : programName(entry)});
     }
 
     bool isShown(const DesktopEntryFile& entry) const {
@@ -127,6 +157,7 @@ private:
     ProgramFinder m_programs;
     QSet<QByteArray> m_seenIds;
     ApplicationListing m_listing;
+    std::vector<IndexedApplication> m_index;
 };
 
 } // namespace
@@ -167,10 +198,14 @@ QList<QByteArray> DesktopEntrySettings::standardFolders(const QByteArray& dataHo
     return folders;
 }
 
-DesktopEntrySource::DesktopEntrySource(DesktopEntrySettings settings) : m_settings(std::move(settings)) {}
+DesktopEntrySource::DesktopEntrySource(DesktopEntrySettings settings, IndexHandler indexHandler)
+    : m_settings(std::move(settings)), m_indexHandler(std::move(indexHandler)) {}
 
 ApplicationListing DesktopEntrySource::list() const {
-    return EntryPass(m_settings).run();
+    EntryPass::Result result = EntryPass(m_settings).run();
+    if (m_indexHandler)
+        m_indexHandler(ApplicationIndex(std::move(result.index)));
+    return std::move(result.listing);
 }
 
 } // namespace zelmo

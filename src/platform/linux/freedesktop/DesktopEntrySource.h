@@ -2,9 +2,12 @@
 
 #include "catalog/ApplicationSource.h"
 #include "platform/linux/freedesktop/LocaleNames.h"
+#include "platform/linux/identity/ApplicationIndex.h"
 
 #include <QByteArray>
 #include <QList>
+
+#include <functional>
 
 namespace zelmo {
 
@@ -29,12 +32,16 @@ struct DesktopEntrySettings {
 // changes after construction, so any thread may list.
 class DesktopEntrySource : public ApplicationSource {
 public:
-    explicit DesktopEntrySource(DesktopEntrySettings settings);
+    using IndexHandler = std::function<void(ApplicationIndex)>;
+
+    // The handler is given what was listed, on the thread that lists.
+    explicit DesktopEntrySource(DesktopEntrySettings settings, IndexHandler indexHandler = {});
 
     ApplicationListing list() const override;
 
 private:
     DesktopEntrySettings m_settings;
+    IndexHandler m_indexHandler;
 };
 
 } // namespace zelmo

@@ -6,18 +6,20 @@ namespace zelmo::ExecCommand {
 
 namespace {
 
-// Goes over a command line character by character and keeps the first word. The rest is read too,
+// Goes over a command line character by character and keeps the first words. The rest is read too,
 // since a quote that stays open there makes the whole line unusable.
 class WordReader {
 public:
-    explicit WordReader(std::string_view line) : m_line(line) {}
+    WordReader(std::string_view line, qsizetype limit) : m_line(line), m_limit(limit) {}
 
-    std::optional<QByteArray> firstWord() {
+    std::optional<QList<QByteArray>> words() {
         while (m_position < m_line.size()) {
             if (!step())
                 return std::nullopt;
         }
-        return m_word;
+        if (m_words.isEmpty())
+            return std::nullopt;
+        return m_words;
     }
 
 private:
@@ -28,7 +30,7 @@ private:
         case ' ':
         case '\t':
         case '\n':
-            m_isComplete = m_word.has_value();
+            m_isInWord = false;
             return true;
         case '\\':
             return takeEscaped();
@@ -97,25 +99,35 @@ private:
     }
 
     void append(std::string_view text) {
-        if (m_isComplete)
-            return;
-        if (!m_word)
-            m_word.emplace();
-        m_word->append(text.data(), static_cast<qsizetype>(text.size()));
+        if (!m_isInWord) {
+            m_isInWord = true;
+            ++m_count;
+            if (m_count <= m_limit)
+                m_words.emplaceBack();
+        }
+        if (m_count <= m_limit)
+            m_words.last().append(text.data(), static_cast<qsizetype>(text.size()));
     }
     void append(char c) { append(std::string_view(&c, 1)); }
 
     std::string_view m_line;
     std::size_t m_position = 0;
-    std::optional<QByteArray> m_word;
-    bool m_isComplete = false;
+    qsizetype m_limit;
+    QList<QByteArray> m_words;
+    qsizetype m_count = 0;
+    bool m_isInWord = false;
 };
 
 } // namespace
 
+std::optional<QList<QByteArray>> words(const QByteArray& commandLine, qsizetype limit) {
+    return WordReader(std::string_view(commandLine.constData(), static_cast<std::size_t>(commandLine.size())), limit)
+        .words();
+}
+
 std::optional<QByteArray> program(const QByteArray& commandLine) {
-    return WordReader(std::string_view(commandLine.constData(), static_cast<std::size_t>(commandLine.size())))
-        .firstWord();
+    const auto first = words(commandLine, 1);
+    return first ? std::optional(first->first()) : std::nullopt;
 }
 
 } // namespace zelmo::ExecCommand

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/linux/identity/ApplicationIndex.h"
+#include "platform/linux/identity/ProcessFacts.h"
+
+#include <QMutex>
+#include <QObject>
+
+#include <memory>
+#include <optional>
+
+namespace zelmo {
+
+// What a window says about itself; all of it may be empty.
+struct WindowFacts {
+    QByteArray instanceName; // the two parts of WM_CLASS
+    QByteArray className;
+    // Names or paths of desktop entries, without or with their ending, which toolkits set from an application's ID.
+    QList<QByteArray> applicationIds;
+};
+
+// Tells which application a window belongs to: the bundle around its executable, else a listed desktop entry, by
+// one piece of evidence after the other, the strongest first. The list of entries may be replaced on any thread;
+// everything else is for the main thread.
+class ApplicationIdentifier : public QObject {
+    Q_OBJECT
+
+public:
+    void setIndex(ApplicationIndex index);
+
+    std::optional<FileUrl> identify(const WindowFacts& window, const ProcessFacts& process) const;
+
+Q_SIGNALS:
+    // Comes on the thread that replaced the list.
+    void indexChanged();
+
+private:
+    std::shared_ptr<const ApplicationIndex> index() const;
+
+    mutable QMutex m_lock;
+    std::shared_ptr<const ApplicationIndex> m_index = std::make_shared<const ApplicationIndex>();
+};
+
+} // namespace zelmo
