@@ -3,8 +3,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include <cmath>
-
 namespace zelmo {
 
 namespace {
@@ -38,11 +36,15 @@ std::optional<AppUsageRecord> decodeRecord(const QJsonValue& value) {
 } // namespace
 
 QByteArray encodeUsageRecords(const AppUsageRecords& records) {
+    // An object keeps its names in order, so one that comes in order is not moved again.
+    QStringList paths = records.keys();
+    std::sort(paths.begin(), paths.end());
     QJsonObject object;
-    for (auto it = records.cbegin(); it != records.cend(); ++it) {
-        object.insert(it.key(), QJsonObject{{launchCountName, static_cast<qint64>(it->launchCount)},
-                                            {lastLaunchedAtName, it->lastLaunchedAt},
-                                            {activeSecondsName, it->activeSeconds}});
+    for (const QString& path : std::as_const(paths)) {
+        const AppUsageRecord record = records.value(path);
+        object.insert(path, QJsonObject{{launchCountName, static_cast<qint64>(record.launchCount)},
+                                        {lastLaunchedAtName, record.lastLaunchedAt},
+                                        {activeSecondsName, record.activeSeconds}});
     }
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
