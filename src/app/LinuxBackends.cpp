@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QGuiApplication>
 
 namespace zelmo {
 
@@ -17,17 +18,26 @@ std::unique_ptr<IconThemeIndex> makeIconThemeIndex() {
     return std::make_unique<IconThemeIndex>(IconFolders::of(environment), IconThemeName::chosen(environment));
 }
 
+// Only beside windows of the same server: drawn elsewhere, the wall has nothing to do with its windows.
+std::unique_ptr<X11Connection> openConnection() {
+    return qGuiApp->nativeInterface<QNativeInterface::QX11Application>() ? X11Connection::open() : nullptr;
+}
+
 } // namespace
 
 LinuxBackends::LinuxBackends()
-    : preferencesFile(PlistPreferencesFile::standardFile()), workspace(bundleReader, {updateDelayVariable}),
-      iconSource(makeIconThemeIndex()) {}
+    : preferencesFile(PlistPreferencesFile::standardFile()), connection(openConnection()),
+      startupNotifier(connection.get()), workspace(connection.get(), identifier),
+      launcher(bundleReader, startupNotifier, {updateDelayVariable}), iconSource(makeIconThemeIndex()) {}
 
-AppScanner LinuxBackends::makeScanner() const {
+AppScanner LinuxBackends::makeScanner() {
     const FileUrl home = FileUrl::fromNativePath(QFile::encodeName(QDir::homePath()));
     std::vector<std::unique_ptr<ApplicationSource>> sources;
     sources.push_back(std::make_unique<BundleSource>(BundleSource::standardRoots(home), bundleReader));
-    sources.push_back(std::make_unique<DesktopEntrySource>(DesktopEntrySettings::fromEnvironment()));
+    sources.push_back(
+        std::make_unique<DesktopEntrySource>(DesktopEntrySettings::fromEnvironment(), [this](ApplicationIndex index) {
+            identifier.setIndex(std::move(index));
+        }));
     return AppScanner(std::move(sources));
 }
 

@@ -3,11 +3,16 @@
 #include "catalog/AppScanner.h"
 #include "platform/linux/files/InotifyFolderWatcher.h"
 #include "platform/linux/icons/FreedesktopIconSource.h"
-#include "platform/linux/launching/GioWorkspace.h"
+#include "platform/linux/identity/ApplicationIdentifier.h"
+#include "platform/linux/launching/GioLauncher.h"
 #include "platform/linux/propertylist/PlistBundleReader.h"
 #include "platform/linux/propertylist/PlistPreferencesFile.h"
+#include "platform/linux/trash/XdgTrash.h"
+#include "platform/linux/x11/X11HotKeyService.h"
 #include "platform/linux/x11/X11KeyboardBuffer.h"
 #include "platform/linux/x11/X11MainScreen.h"
+#include "platform/linux/x11/X11StartupNotifier.h"
+#include "platform/linux/x11/X11Workspace.h"
 
 namespace zelmo {
 
@@ -16,13 +21,19 @@ namespace zelmo {
 struct LinuxBackends {
     LinuxBackends();
 
-    AppScanner makeScanner() const;
+    AppScanner makeScanner();
 
     X11KeyboardBuffer keyboardBuffer;
+    X11HotKeyService hotKeyService;
     X11MainScreen mainScreen;
     PlistPreferencesFile preferencesFile;
     PlistBundleReader bundleReader;
-    GioWorkspace workspace;
+    ApplicationIdentifier identifier;
+    std::unique_ptr<X11Connection> connection; // null where there is no X server
+    X11StartupNotifier startupNotifier;
+    X11Workspace workspace;
+    GioLauncher launcher;
+    XdgTrash trash;
     InotifyFolderWatcher folderWatcher;
     FreedesktopIconSource iconSource;
 };

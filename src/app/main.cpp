@@ -3,9 +3,11 @@
 #include "app/RendererChoice.h"
 #include "app/TerminationSignals.h"
 #include "catalog/LauncherStore.h"
+#include "hotkey/LauncherHotKeyController.h"
 #include "overlay/OverlayWindow.h"
 #include "overlay/OverlayWindowController.h"
 #include "preferences/Preferences.h"
+#include "ui/AlertWindowPresenter.h"
 #include "ui/IconCache.h"
 #include "ui/WallView.h"
 
@@ -28,6 +30,7 @@ int main(int argc, char* argv[]) {
 
     Preferences preferences(backends.preferencesFile);
     IconCache icons(backends.iconSource);
+    AlertWindowPresenter alerts;
     const auto makeOverlay = [&](LauncherStore& store) -> std::unique_ptr<Overlay> {
         return std::make_unique<OverlayWindowController>(
             store, OverlayServices{
@@ -37,14 +40,16 @@ int main(int argc, char* argv[]) {
     };
     LauncherStore store(backends.makeScanner(), {.preferences = preferences,
                                                  .workspace = backends.workspace,
+                                                 .launcher = backends.launcher,
+                                                 .trash = backends.trash,
+                                                 .alerts = alerts,
                                                  .folderWatcher = backends.folderWatcher,
-                                                 .makeOverlay = makeOverlay});
+                                                 .makeOverlay = makeOverlay,
+                                                 // Nothing asks for it yet.
+                                                 .showSettingsWindow = [] {}});
+    LauncherHotKeyController hotKeyController(preferences, backends.hotKeyService, [&store] { store.toggleOverlay(); });
+    hotKeyController.configure();
     // The scan is queued already and runs beside the loading of the wall.
     QMetaObject::invokeMethod(&store, &LauncherStore::showOverlay, Qt::QueuedConnection);
-    // Nothing can bring a hidden wall back yet.
-    QObject::connect(&store, &LauncherStore::overlayIsVisibleChanged, &application, [&store] {
-        if (!store.overlayIsVisible())
-            QCoreApplication::quit();
-    });
     return QGuiApplication::exec();
 }

@@ -32,7 +32,7 @@ UsageClocks UsageClocks::system() {
 
 AppUsage::AppUsage(Preferences& preferences, std::int64_t ownProcess, UsageClocks clocks)
     : m_preferences(preferences), m_ownProcess(ownProcess), m_clocks(std::move(clocks)) {
-    load();
+    loadUsageRecords();
 }
 
 void AppUsage::trackActiveApplication(const std::optional<RunningApplication>& application) {
@@ -56,19 +56,18 @@ void AppUsage::flushActiveAppUsage() {
         return;
     m_records[*m_activeAppPath].activeSeconds += elapsed;
     m_activeAppStartedAt = seconds;
-    save();
+    saveUsageRecords();
 }
 
 void AppUsage::recordLaunch(const LaunchableApp& app) {
     AppUsageRecord& record = m_records[app.url.path()];
     ++record.launchCount;
     record.lastLaunchedAt = m_clocks.now();
-    save();
+    saveUsageRecords();
 }
 
 void AppUsage::forget(const QString& path) {
     m_records.remove(path);
-    save();
 }
 
 std::optional<QString> AppUsage::usageSummary(const LaunchableApp& app) const {
@@ -89,11 +88,11 @@ std::optional<QString> AppUsage::usageSummary(const LaunchableApp& app) const {
                      : QString(hours + u' ' + decimal(rest) + QLatin1StringView("m active"));
 }
 
-void AppUsage::load() {
+void AppUsage::loadUsageRecords() {
     m_records = decodeUsageRecords(m_preferences.value<PreferenceKey::appUsageRecords>()).value_or(AppUsageRecords{});
 }
 
-void AppUsage::save() {
+void AppUsage::saveUsageRecords() {
     m_preferences.setValue<PreferenceKey::appUsageRecords>(encodeUsageRecords(m_records));
     m_preferences.flush();
 }

@@ -21,7 +21,7 @@ struct UsageClocks {
 };
 
 // Remembers how often each application was launched from here and how long it was in front. Owned by
-// the store; main thread. Every change is stored in the preferences at once.
+// the store; main thread.
 class AppUsage {
 public:
     // What is in front for a shorter time than this, in seconds, waits for the next look or is lost.
@@ -37,16 +37,19 @@ public:
     void trackActiveApplication(const std::optional<RunningApplication>& application);
     // Credits the application in front with the time since it was last credited.
     void flushActiveAppUsage();
+    // Counts it and stores the records at once.
     void recordLaunch(const LaunchableApp& app);
+    // Drops the record; the next save stores that.
     void forget(const QString& path);
+    // Stores the records, with whatever other preference waits to be stored.
+    void saveUsageRecords();
 
     // A line such as "3 launches", "12m active" or "2h 5m active"; nothing for an application whose record shows no
     // use.
     std::optional<QString> usageSummary(const LaunchableApp& app) const;
 
 private:
-    void load();
-    void save();
+    void loadUsageRecords();
 
     Preferences& m_preferences;
     std::int64_t m_ownProcess;

@@ -29,8 +29,6 @@ public:
     // The last component without its extension.
     QString stem() const;
 
-    bool isEmpty() const { return m_path.isEmpty(); }
-
     // Replaces escaped bytes by U+FFFD, for showing a name that is not Unicode.
     static QString displayText(QString text);
 

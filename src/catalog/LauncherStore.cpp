@@ -1,10 +1,14 @@
 #include "catalog/LauncherStore.h"
 
+#include "catalog/AlertPresenter.h"
+#include "catalog/ApplicationLauncher.h"
 #include "catalog/CatalogLog.h"
 #include "catalog/FolderWatcher.h"
 #include "catalog/MostUsedRanking.h"
 #include "catalog/Overlay.h"
 #include "catalog/RescanTimer.h"
+#include "catalog/Trash.h"
+#include "catalog/UninstallAlerts.h"
 #include "catalog/Workspace.h"
 #include "preferences/Preferences.h"
 
@@ -16,14 +20,16 @@ Q_LOGGING_CATEGORY(catalogLog, "zelmo.catalog", QtWarningMsg)
 
 LauncherStore::LauncherStore(AppScanner scanner, LauncherServices services, const QLocale& locale)
     : m_scanner(std::move(scanner)), m_services(std::move(services)), m_locale(locale),
-      m_usage(m_services.preferences, QCoreApplication::applicationPid(), UsageClocks::system()),
-      m_rescanTimer(std::make_unique<RescanTimer>([this] { refresh(); })) {
+      m_usage(m_services.preferences, QCoreApplication::applicationPid(), m_services.usageClocks),
+      m_usageFlushTimer(this), m_rescanTimer(std::make_unique<RescanTimer>([this] { refresh(); })) {
     loadHiddenApps();
+    setupApplicationUsageTracking();
     m_services.folderWatcher.setChangeHandler([this] { m_rescanTimer->noteChange(); });
     QMetaObject::invokeMethod(this, &LauncherStore::refresh, Qt::QueuedConnection);
 }
 
 LauncherStore::~LauncherStore() {
+    m_services.workspace.setActivationHandler({});
     m_services.folderWatcher.setChangeHandler({});
     m_scanThreads.waitForDone();
 }
@@ -118,6 +124,12 @@ void LauncherStore::toggleSelection(const LaunchableApp& app) {
 void LauncherStore::showOverlay() {
     if (!m_overlay)
         m_overlay = m_services.makeOverlay(*this);
+    if (!m_overlayIsVisible) {
+        // In front may be this program itself, as with its menu open; the one before it is still the one to go back to.
+        auto frontmost = m_services.workspace.frontmostApplication();
+        if (!frontmost || frontmost->processIdentifier != QCoreApplication::applicationPid())
+            m_previousFrontmostApp = std::move(frontmost);
+    }
     m_overlay->show();
     publish(m_overlayIsVisible, true, &LauncherStore::overlayIsVisibleChanged);
 }
@@ -127,13 +139,15 @@ void LauncherStore::toggleOverlay() {
         showOverlay();
         return;
     }
-    leaveEditMode();
     putOverlayAway();
+    m_previousFrontmostApp.reset();
 }
 
 void LauncherStore::hideOverlay() {
-    leaveEditMode();
     putOverlayAway();
+    if (m_previousFrontmostApp)
+        m_services.workspace.activate(*m_previousFrontmostApp);
+    m_previousFrontmostApp.reset();
 }
 
 void LauncherStore::launch(const LaunchableApp& app) {
@@ -141,9 +155,84 @@ void LauncherStore::launch(const LaunchableApp& app) {
         return;
     // Counted before it is asked for: a launch that fails still counts.
     m_usage.recordLaunch(app);
-    m_services.workspace.openApplication(app.url);
-    leaveEditMode();
+    m_services.launcher.openApplication(app.url);
     putOverlayAway();
+    m_previousFrontmostApp.reset();
+}
+
+void LauncherStore::showSettings() {
+    putOverlayAway();
+    m_previousFrontmostApp.reset();
+    QMetaObject::invokeMethod(
+        this, [this] { m_services.showSettingsWindow(); }, Qt::QueuedConnection);
+}
+
+void LauncherStore::hideSelectedAppsFromLauncher() {
+    QList<LaunchableApp> selected = m_apps;
+    selected.removeIf([this](const LaunchableApp& app) { return !m_selectedAppIDs.contains(app.id); });
+    uninstallApps(selected);
+}
+
+void LauncherStore::restoreHiddenApps() {
+    m_hiddenAppPaths.clear();
+    saveHiddenApps();
+    m_services.preferences.flush();
+    refresh();
+}
+
+void LauncherStore::uninstallApps(const QList<LaunchableApp>& list) {
+    if (list.isEmpty())
+        return;
+    QStringList names;
+    for (const LaunchableApp& app : list)
+        names.append(app.name);
+    if (m_services.alerts.runModal(uninstallQuestion(names)) != 0)
+        return;
+
+    QSet<FileUrl> removed;
+    QStringList failures;
+    for (const LaunchableApp& app : list) {
+        if (m_services.trash.moveToTrash(app.url) == TrashResult::moved) {
+            m_hiddenAppPaths.insert(app.url.path());
+            m_usage.forget(app.url.path());
+            removed.insert(app.id);
+        } else {
+            failures.append(app.name);
+        }
+    }
+    // Both reach the disk together. An end of the program before then loses nothing that counts: what is in the
+    // Trash already is found by no scan.
+    saveHiddenApps();
+    m_usage.saveUsageRecords();
+    removeApps(removed);
+    if (!failures.isEmpty())
+        m_services.alerts.runModal(uninstallFailure(failures));
+    if (visibleApps().isEmpty() || m_selectedAppIDs.isEmpty())
+        finishEditing();
+}
+
+void LauncherStore::removeApps(const QSet<FileUrl>& ids) {
+    if (ids.isEmpty())
+        return;
+    publish(m_changeDuration, static_cast<int>(removalDuration.count()), &LauncherStore::changeDurationChanged);
+    Q_EMIT willChange();
+    m_apps.removeIf([&](const LaunchableApp& app) { return ids.contains(app.id); });
+    m_nameSearch.reset();
+    Q_EMIT appsChanged();
+    publish(m_selectedAppIDs, QSet(m_selectedAppIDs).subtract(ids), &LauncherStore::selectedAppIDsChanged);
+    publish(m_changeDuration, 0, &LauncherStore::changeDurationChanged);
+}
+
+void LauncherStore::setupApplicationUsageTracking() {
+    m_usage.trackActiveApplication(m_services.workspace.frontmostApplication());
+    m_services.workspace.setActivationHandler([this](const std::optional<RunningApplication>& application) {
+        // On a turn of its own: it stores records, which need not hold up what the switch led to.
+        QMetaObject::invokeMethod(
+            this, [this, application] { m_usage.trackActiveApplication(application); }, Qt::QueuedConnection);
+    });
+    m_usageFlushTimer.setObjectName(QStringLiteral("usageFlushTimer"));
+    connect(&m_usageFlushTimer, &QTimer::timeout, this, [this] { m_usage.flushActiveAppUsage(); });
+    m_usageFlushTimer.start(usageFlushInterval);
 }
 
 void LauncherStore::loadHiddenApps() {
@@ -151,12 +240,20 @@ void LauncherStore::loadHiddenApps() {
     m_hiddenAppPaths = QSet<QString>(paths.cbegin(), paths.cend());
 }
 
-void LauncherStore::leaveEditMode() {
+void LauncherStore::saveHiddenApps() {
+    QStringList paths(m_hiddenAppPaths.cbegin(), m_hiddenAppPaths.cend());
+    paths.sort();
+    m_services.preferences.setValue<PreferenceKey::hiddenAppPaths>(paths);
+}
+
+void LauncherStore::finishEditing() {
     setIsEditingApps(false);
     publish(m_selectedAppIDs, {}, &LauncherStore::selectedAppIDsChanged);
 }
 
+// What every way to hidden has in common.
 void LauncherStore::putOverlayAway() {
+    finishEditing();
     if (m_overlay)
         m_overlay->hide();
     publish(m_overlayIsVisible, false, &LauncherStore::overlayIsVisibleChanged);

@@ -4,21 +4,27 @@
 #include "catalog/AppUsage.h"
 #include "catalog/LaunchableApp.h"
 #include "catalog/NameSearch.h"
+#include "catalog/RunningApplication.h"
 
 #include <QObject>
 #include <QSet>
 #include <QThreadPool>
+#include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
 
 namespace zelmo {
 
+class AlertPresenter;
+class ApplicationLauncher;
 class FolderWatcher;
 class Overlay;
 class Preferences;
 class RescanTimer;
+class Trash;
 class Workspace;
 class LauncherStore;
 
@@ -26,9 +32,15 @@ class LauncherStore;
 struct LauncherServices {
     Preferences& preferences;
     Workspace& workspace;
+    ApplicationLauncher& launcher;
+    Trash& trash;
+    AlertPresenter& alerts;
     FolderWatcher& folderWatcher;
     // Makes the wall's window, the first time that it is shown.
     std::function<std::unique_ptr<Overlay>(LauncherStore&)> makeOverlay;
+    // Brings the settings window to the front.
+    std::function<void()> showSettingsWindow;
+    UsageClocks usageClocks = UsageClocks::system();
 };
 
 // The program's central model: the catalog, the filter, the selection and whether the wall is up.
@@ -42,8 +54,14 @@ class LauncherStore : public QObject {
     Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged)
     Q_PROPERTY(bool overlayIsVisible READ overlayIsVisible NOTIFY overlayIsVisibleChanged)
     Q_PROPERTY(bool isEditingApps READ isEditingApps WRITE setIsEditingApps NOTIFY isEditingAppsChanged)
+    // How long views take to go over to the change that is being announced, in milliseconds; 0: at once.
+    Q_PROPERTY(int changeDuration READ changeDuration NOTIFY changeDurationChanged)
+    Q_PROPERTY(int selectionCount READ selectionCount NOTIFY selectedAppIDsChanged)
 
 public:
+    static constexpr std::chrono::seconds usageFlushInterval{30};
+    static constexpr std::chrono::milliseconds removalDuration{180};
+
     LauncherStore(AppScanner scanner, LauncherServices services, const QLocale& locale = QLocale::system());
     ~LauncherStore() override;
 
@@ -54,6 +72,8 @@ public:
     bool overlayIsVisible() const { return m_overlayIsVisible; }
     bool isEditingApps() const { return m_isEditingApps; }
     const QSet<FileUrl>& selectedAppIDs() const { return m_selectedAppIDs; }
+    int changeDuration() const { return m_changeDuration; }
+    int selectionCount() const { return static_cast<int>(m_selectedAppIDs.size()); }
 
     void setSelectedCategory(AppCategory category);
     void setShowsMostUsed(bool shows);
@@ -70,11 +90,25 @@ public:
     Q_INVOKABLE void toggleSelection(const zelmo::LaunchableApp& app);
 
     void showOverlay();
-    // Hides without giving the focus to anyone.
+    // Hides without giving the focus to anyone: who toggles may be about to do something else.
     void toggleOverlay();
+    // Hides and gives the focus back to the application that had it when the wall was shown.
     Q_INVOKABLE void hideOverlay();
-    // Starts the application and hides the wall; does nothing while apps are being edited.
+    // Starts the application, which takes the focus, and hides the wall; does nothing while apps are being edited.
     Q_INVOKABLE void launch(const zelmo::LaunchableApp& app);
+    // Hides the wall and shows the settings window once that is done.
+    Q_INVOKABLE void showSettings();
+
+    // Asks the user and moves the selected apps to the Trash. What was moved stays hidden from then on, also when
+    // something of the same path comes back; what could not be moved stays selected.
+    Q_INVOKABLE void hideSelectedAppsFromLauncher();
+    // Forgets which apps are hidden; those that are still there appear with the scan that this starts.
+    Q_INVOKABLE void restoreHiddenApps();
+    // Leaves edit mode with nothing selected.
+    Q_INVOKABLE void finishEditing();
+
+    // A line such as "3 launches" or "2h 5m active"; nothing for an app without a record of use.
+    std::optional<QString> usageSummary(const LaunchableApp& app) const { return m_usage.usageSummary(app); }
 
 Q_SIGNALS:
     void willChange();
@@ -85,13 +119,17 @@ Q_SIGNALS:
     void overlayIsVisibleChanged();
     void isEditingAppsChanged();
     void selectedAppIDsChanged();
+    void changeDurationChanged();
 
 private:
     template <typename Value>
     void publish(Value& property, Value value, void (LauncherStore::*changed)());
     void publishScan(ScanResult result);
     void loadHiddenApps();
-    void leaveEditMode();
+    void saveHiddenApps();
+    void setupApplicationUsageTracking();
+    void uninstallApps(const QList<LaunchableApp>& list);
+    void removeApps(const QSet<FileUrl>& ids);
     void putOverlayAway();
     const NameSearch& nameSearch() const;
 
@@ -105,8 +143,11 @@ private:
     bool m_overlayIsVisible = false;
     bool m_isEditingApps = false;
     QSet<FileUrl> m_selectedAppIDs;
+    int m_changeDuration = 0;
     std::unique_ptr<Overlay> m_overlay;
+    std::optional<RunningApplication> m_previousFrontmostApp;
     AppUsage m_usage;
+    QTimer m_usageFlushTimer;
     QSet<QString> m_hiddenAppPaths;
     QList<FileUrl> m_watchedFolders;
     mutable std::optional<NameSearch> m_nameSearch; // of m_apps, made when first asked for

@@ -11,14 +11,49 @@ Item {
     required property var appIcon
     required property string categoryLabel
     required property color accentColor
+    required property bool selected
+    property bool isEditing: false
 
     signal launched()
+    signal selectionToggled()
 
     width: WallMetrics.columnWidth
 
     Accessible.role: Accessible.Button
     Accessible.name: name
-    Accessible.onPressAction: card.launched()
+    Accessible.checkable: card.isEditing
+    Accessible.checked: card.selected
+    Accessible.onPressAction: card.isEditing ? card.selectionToggled() : card.launched()
+
+    scale: card.selected ? WallMetrics.selectedScale : 1
+
+    Behavior on scale {
+        NumberAnimation {
+            duration: WallMetrics.selectionDuration
+            easing.type: Easing.OutCubic
+        }
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        visible: card.selected
+        radius: WallMetrics.plateRadius
+        border.color: Qt.alpha("white", WallMetrics.plateOutlineOpacity)
+        gradient: Gradient {
+            GradientStop {
+                position: 0
+                color: WallMetrics.plateTopColor
+            }
+            GradientStop {
+                position: 0.5
+                color: WallMetrics.plateMiddleColor
+            }
+            GradientStop {
+                position: 1
+                color: WallMetrics.plateBottomColor
+            }
+        }
+    }
 
     AppIconItem {
         x: (parent.width - width) / 2
@@ -65,7 +100,24 @@ Item {
         }
     }
 
+    SelectionBadge {
+        x: WallMetrics.badgeLeft
+        y: WallMetrics.badgeTop
+        isSelected: card.selected
+        scale: card.isEditing ? 1 : 0
+        opacity: scale
+        visible: scale > 0
+
+        Behavior on scale {
+            NumberAnimation {
+                duration: WallMetrics.selectionDuration
+                easing.type: Easing.OutCubic
+            }
+        }
+    }
+
     TapHandler {
-        onTapped: card.launched()
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onTapped: card.isEditing ? card.selectionToggled() : card.launched()
     }
 }

@@ -9,6 +9,12 @@ namespace zelmo {
 
 CardGrid::CardGrid() {
     connect(this, &CardGrid::layoutChanged, this, &QQuickItem::polish);
+    m_transition.setStartValue(0.0);
+    m_transition.setEndValue(1.0);
+    m_transition.setEasingCurve(QEasingCurve::InOutCubic);
+    connect(&m_transition, &QVariantAnimation::valueChanged, this,
+            [this](const QVariant& progress) { showTransition(progress.toDouble()); });
+    connect(&m_transition, &QVariantAnimation::finished, this, &CardGrid::endTransition);
 }
 
 CardGrid::~CardGrid() = default;
@@ -22,7 +28,7 @@ void CardGrid::setModel(QAbstractItemModel* model) {
     dropCards();
     if (m_model) {
         connect(m_model, &QAbstractItemModel::rowsInserted, this, &QQuickItem::polish);
-        connect(m_model, &QAbstractItemModel::rowsRemoved, this, &QQuickItem::polish);
+        connect(m_model, &QAbstractItemModel::rowsRemoved, this, &CardGrid::noteRemoval);
         connect(m_model, &QAbstractItemModel::rowsMoved, this, &QQuickItem::polish);
         connect(m_model, &QAbstractItemModel::modelReset, this, &QQuickItem::polish);
         connect(m_model, &QAbstractItemModel::dataChanged, this, &CardGrid::noteData);
@@ -52,6 +58,9 @@ void CardGrid::updatePolish() {
     setImplicitWidth(m_columns * (m_columnWidth + m_columnSpacing) - m_columnSpacing);
     setImplicitHeight(lines == 0 ? 0 : lines * (m_cardHeight + m_rowSpacing) - m_rowSpacing);
 
+    endTransition();
+    if (m_awaitedDuration > 0)
+        setFadingCardsApart();
     const Range range = rowsInSight();
     std::vector<bool> isShown(static_cast<std::size_t>(range.end - range.first));
     std::vector<Card*> unused;
@@ -59,7 +68,7 @@ void CardGrid::updatePolish() {
         const int row = card.index.isValid() ? card.index.row() : -1;
         if (row >= range.first && row < range.end) {
             isShown[static_cast<std::size_t>(row - range.first)] = true;
-            place(*card.item, row);
+            moveOrPlace(*card.item, row);
         } else {
             unused.push_back(&card);
         }
@@ -80,6 +89,7 @@ void CardGrid::updatePolish() {
         card->item->setVisible(false);
     }
     m_cards.insert(m_cards.end(), made.begin(), made.end());
+    startTransition();
 }
 
 int CardGrid::rowCount() const {
@@ -99,6 +109,7 @@ CardGrid::Range CardGrid::rowsInSight() const {
 }
 
 void CardGrid::dropCards() {
+    endTransition();
     for (const Card& card : m_cards)
         card.item->deleteLater();
     m_cards.clear();
@@ -118,14 +129,14 @@ CardGrid::Card CardGrid::makeCard(int row) {
     }
     card.item->setParent(this);
     card.item->setParentItem(this);
-    place(*card.item, row);
+    card.item->setPosition(positionOf(row));
     return card;
 }
 
 void CardGrid::show(Card& card, int row) {
     card.index = QPersistentModelIndex(m_model->index(row, 0));
     writeRoles(card);
-    place(*card.item, row);
+    card.item->setPosition(positionOf(row));
     card.item->setVisible(true);
 }
 
@@ -135,10 +146,62 @@ void CardGrid::writeRoles(const Card& card) const {
         card.item->setProperty(it.value().constData(), card.index.data(it.key()));
 }
 
-void CardGrid::place(QQuickItem& item, int row) const {
+void CardGrid::setFadingCardsApart() {
+    const auto fading = std::stable_partition(m_cards.begin(), m_cards.end(), [](const Card& card) {
+        return card.index.isValid() || !card.item->isVisible();
+    });
+    m_fading.assign(fading, m_cards.end());
+    m_cards.erase(fading, m_cards.end());
+    for (const Card& card : m_fading)
+        card.item->setEnabled(false);
+}
+
+void CardGrid::startTransition() {
+    const int duration = std::exchange(m_awaitedDuration, 0);
+    if (m_moves.empty() && m_fading.empty())
+        return;
+    m_transition.setDuration(duration);
+    m_transition.start();
+}
+
+void CardGrid::showTransition(double progress) {
+    for (const Move& move : m_moves)
+        move.item->setPosition(move.from + progress * (move.to - move.from));
+    for (const Card& card : m_fading)
+        card.item->setOpacity(1 - progress);
+}
+
+// Puts everything where it belongs, at once when the transition is still under way.
+void CardGrid::endTransition() {
+    m_transition.stop();
+    showTransition(1);
+    m_moves.clear();
+    for (const Card& card : m_fading) {
+        card.item->setVisible(false);
+        card.item->setEnabled(true);
+        card.item->setOpacity(1);
+    }
+    m_cards.insert(m_cards.end(), m_fading.begin(), m_fading.end());
+    m_fading.clear();
+}
+
+QPointF CardGrid::positionOf(int row) const {
     const int column = row % m_columns;
     const int line = row / m_columns;
-    item.setPosition(QPointF(column * (m_columnWidth + m_columnSpacing), line * (m_cardHeight + m_rowSpacing)));
+    return {column * (m_columnWidth + m_columnSpacing), line * (m_cardHeight + m_rowSpacing)};
+}
+
+void CardGrid::noteRemoval() {
+    m_awaitedDuration = std::max(m_awaitedDuration, m_changeDuration);
+    polish();
+}
+
+void CardGrid::moveOrPlace(QQuickItem& item, int row) {
+    const QPointF target = positionOf(row);
+    if (m_awaitedDuration > 0 && item.position() != target)
+        m_moves.push_back({&item, item.position(), target});
+    else
+        item.setPosition(target);
 }
 
 void CardGrid::noteData(const QModelIndex& first, const QModelIndex& last) {

@@ -4,6 +4,7 @@
 #include <QPersistentModelIndex>
 #include <QPointer>
 #include <QQuickItem>
+#include <QVariantAnimation>
 
 #include <vector>
 
@@ -28,6 +29,8 @@ class CardGrid : public QQuickItem {
     // The part of the grid that is in sight.
     Q_PROPERTY(qreal visibleTop MEMBER m_visibleTop NOTIFY layoutChanged)
     Q_PROPERTY(qreal visibleHeight MEMBER m_visibleHeight NOTIFY layoutChanged)
+    // How long cards take to go over to a removal of rows, in milliseconds; 0: at once. Read as the removal comes.
+    Q_PROPERTY(int changeDuration MEMBER m_changeDuration NOTIFY changeDurationChanged)
 
 public:
     CardGrid();
@@ -45,6 +48,7 @@ Q_SIGNALS:
     void modelChanged();
     void cardChanged();
     void layoutChanged();
+    void changeDurationChanged();
 
 protected:
     void componentComplete() override;
@@ -54,6 +58,11 @@ private:
     struct Card {
         QQuickItem* item = nullptr;
         QPersistentModelIndex index;
+    };
+    struct Move {
+        QQuickItem* item = nullptr;
+        QPointF from;
+        QPointF to;
     };
     struct Range {
         int first = 0;
@@ -66,7 +75,13 @@ private:
     Card makeCard(int row);
     void show(Card& card, int row);
     void writeRoles(const Card& card) const;
-    void place(QQuickItem& item, int row) const;
+    QPointF positionOf(int row) const;
+    void noteRemoval();
+    void moveOrPlace(QQuickItem& item, int row);
+    void setFadingCardsApart();
+    void startTransition();
+    void showTransition(double progress);
+    void endTransition();
     void noteData(const QModelIndex& first, const QModelIndex& last);
 
     QPointer<QAbstractItemModel> m_model;
@@ -78,7 +93,12 @@ private:
     qreal m_rowSpacing = 0;
     qreal m_visibleTop = 0;
     qreal m_visibleHeight = 0;
+    int m_changeDuration = 0;
+    int m_awaitedDuration = 0; // of the removals that the next layout shows
     std::vector<Card> m_cards;
+    std::vector<Move> m_moves;
+    std::vector<Card> m_fading; // of rows that are gone
+    QVariantAnimation m_transition;
 };
 
 } // namespace zelmo

@@ -14,6 +14,8 @@ Item {
         colors: wall.style.backgroundColors
 
         TapHandler {
+            enabled: !wall.store.isEditingApps
+            gesturePolicy: TapHandler.ReleaseWithinBounds
             onTapped: wall.store.hideOverlay()
         }
     }
@@ -66,7 +68,7 @@ Item {
                         font.weight: Font.ExtraBold
                     }
                     Text {
-                        text: "Colorful launchpad for your Mac"
+                        text: wall.store.isEditingApps ? "Select apps to hide from the launcher" : "Colorful launchpad for your Mac"
                         color: wall.style.textColor
                         opacity: WallMetrics.subtitleOpacity
                         font.pixelSize: wall.style.subtitleFontSize
@@ -111,16 +113,21 @@ Item {
                 rowSpacing: WallMetrics.rowSpacing
                 visibleTop: area.contentY - y
                 visibleHeight: area.height
+                changeDuration: wall.store.changeDuration
 
                 card: AppTileCard {
                     height: grid.cardHeight
                     style: wall.style
                     icons: wall.icons
+                    isEditing: wall.store.isEditingApps
                     onLaunched: wall.store.launch(app)
+                    onSelectionToggled: wall.store.toggleSelection(app)
                 }
             }
 
             TapHandler {
+                enabled: !wall.store.isEditingApps
+                gesturePolicy: TapHandler.ReleaseWithinBounds
                 onTapped: wall.store.hideOverlay()
             }
         }

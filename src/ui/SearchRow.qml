@@ -17,9 +17,9 @@ Rectangle {
 
         anchors {
             left: parent.left
-            right: parent.right
+            right: buttons.left
             leftMargin: WallMetrics.searchHorizontalPadding
-            rightMargin: WallMetrics.searchHorizontalPadding
+            rightMargin: WallMetrics.searchSpacing
             verticalCenter: parent.verticalCenter
         }
         focus: true
@@ -48,5 +48,44 @@ Rectangle {
         opacity: WallMetrics.placeholderOpacity
         font: field.font
         visible: field.length === 0 && field.preeditText.length === 0
+    }
+
+    Row {
+        id: buttons
+
+        anchors {
+            right: parent.right
+            rightMargin: WallMetrics.searchHorizontalPadding
+            verticalCenter: parent.verticalCenter
+        }
+        spacing: WallMetrics.searchSpacing
+
+        EditButton {
+            visible: row.store.isEditingApps
+            enabled: row.store.selectionCount > 0
+            title: "Uninstall"
+            helpText: enabled ? "Move selected apps to Trash" : "Select apps to uninstall"
+            symbol: "trash.fill"
+            startColor: WallMetrics.uninstallColor
+            onPressed: row.store.hideSelectedAppsFromLauncher()
+        }
+        EditButton {
+            visible: row.store.isEditingApps
+            title: "Done"
+            helpText: "Finish selecting"
+            symbol: "checkmark"
+            startColor: WallMetrics.selectStartColor
+            endColor: WallMetrics.selectEndColor
+            onPressed: row.store.finishEditing()
+        }
+        EditButton {
+            visible: !row.store.isEditingApps
+            title: "Select"
+            helpText: "Select multiple apps"
+            symbol: "checkmark.circle"
+            startColor: WallMetrics.selectStartColor
+            endColor: WallMetrics.selectEndColor
+            onPressed: row.store.isEditingApps = true
+        }
     }
 }

@@ -1,11 +1,12 @@
 #pragma once
 
+#include <QColor>
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
 namespace zelmo {
 
-// Lengths, opacities and weights of the wall that are the same for everyone, for the views to bind
+// Lengths, opacities and colours of the wall that are the same for everyone, for the views to bind
 // to. Lengths are points; opacities go from 0 to 1.
 class WallMetrics : public QObject {
     Q_OBJECT
@@ -52,6 +53,28 @@ class WallMetrics : public QObject {
     Q_PROPERTY(qreal searchTextOpacity READ searchTextOpacity CONSTANT)
     Q_PROPERTY(qreal placeholderOpacity READ placeholderOpacity CONSTANT)
     Q_PROPERTY(qreal searchHeight READ searchHeight CONSTANT)
+    Q_PROPERTY(qreal searchSpacing READ searchSpacing CONSTANT)
+    Q_PROPERTY(qreal editSymbolSide READ editSymbolSide CONSTANT)
+    Q_PROPERTY(qreal disabledOpacity READ disabledOpacity CONSTANT)
+    Q_PROPERTY(QColor uninstallColor READ uninstallColor CONSTANT)
+    Q_PROPERTY(QColor selectStartColor READ selectStartColor CONSTANT)
+    Q_PROPERTY(QColor selectEndColor READ selectEndColor CONSTANT)
+    Q_PROPERTY(qreal badgeSide READ badgeSide CONSTANT)
+    Q_PROPERTY(qreal badgeLeft READ badgeLeft CONSTANT)
+    Q_PROPERTY(qreal badgeTop READ badgeTop CONSTANT)
+    Q_PROPERTY(qreal badgeCheckmarkSide READ badgeCheckmarkSide CONSTANT)
+    Q_PROPERTY(qreal badgeCircleSide READ badgeCircleSide CONSTANT)
+    Q_PROPERTY(qreal badgeOutlineOpacity READ badgeOutlineOpacity CONSTANT)
+    Q_PROPERTY(qreal badgeFillOpacity READ badgeFillOpacity CONSTANT)
+    Q_PROPERTY(QColor badgeStartColor READ badgeStartColor CONSTANT)
+    Q_PROPERTY(QColor badgeEndColor READ badgeEndColor CONSTANT)
+    Q_PROPERTY(qreal selectedScale READ selectedScale CONSTANT)
+    Q_PROPERTY(int selectionDuration READ selectionDuration CONSTANT)
+    Q_PROPERTY(qreal plateRadius READ plateRadius CONSTANT)
+    Q_PROPERTY(qreal plateOutlineOpacity READ plateOutlineOpacity CONSTANT)
+    Q_PROPERTY(QColor plateTopColor READ plateTopColor CONSTANT)
+    Q_PROPERTY(QColor plateMiddleColor READ plateMiddleColor CONSTANT)
+    Q_PROPERTY(QColor plateBottomColor READ plateBottomColor CONSTANT)
     Q_PROPERTY(qreal indicatorWidth READ indicatorWidth CONSTANT)
     Q_PROPERTY(qreal indicatorOpacity READ indicatorOpacity CONSTANT)
     Q_PROPERTY(qreal indicatorMinimumHeight READ indicatorMinimumHeight CONSTANT)
@@ -106,6 +129,29 @@ public:
     static constexpr qreal searchTextOpacity() { return 0.92; }
     static constexpr qreal placeholderOpacity() { return 0.45; }
     static constexpr qreal searchHeight() { return 44; } // of the controls beside the field
+
+    static constexpr qreal searchSpacing() { return 10; }
+    static constexpr qreal editSymbolSide() { return 19; } // of a symbol at text size 15
+    static constexpr qreal disabledOpacity() { return 0.42; }
+    static QColor uninstallColor() { return QColor::fromRgbF(1, 0.34F, 0.38F); }
+    static QColor selectStartColor() { return QColor::fromRgbF(0.39F, 0.83F, 0.63F); }
+    static QColor selectEndColor() { return QColor::fromRgbF(0.3F, 0.57F, 1); }
+    static constexpr qreal badgeSide() { return 24; }
+    static constexpr qreal badgeLeft() { return 10; }
+    static constexpr qreal badgeTop() { return 8; }
+    static constexpr qreal badgeCheckmarkSide() { return 13; }
+    static constexpr qreal badgeCircleSide() { return 14; }
+    static constexpr qreal badgeOutlineOpacity() { return 0.62; }
+    static constexpr qreal badgeFillOpacity() { return 0.7; }
+    static QColor badgeStartColor() { return QColor::fromRgbF(0.33F, 0.83F, 0.62F); }
+    static QColor badgeEndColor() { return QColor::fromRgbF(0.31F, 0.56F, 1); }
+    static constexpr qreal selectedScale() { return 0.97; }
+    static constexpr int selectionDuration() { return 120; } // ms
+    static constexpr qreal plateRadius() { return 22; }
+    static constexpr qreal plateOutlineOpacity() { return 0.2; }
+    static QColor plateTopColor() { return QColor::fromRgbF(0.42F, 0.85F, 0.74F, 0.28F); }
+    static QColor plateMiddleColor() { return QColor::fromRgbF(0.52F, 0.62F, 1, 0.24F); }
+    static QColor plateBottomColor() { return QColor::fromRgbF(1, 0.61F, 0.44F, 0.2F); }
 
     static constexpr qreal indicatorWidth() { return 6; }
     static constexpr qreal indicatorOpacity() { return 0.35; }

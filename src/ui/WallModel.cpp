@@ -23,6 +23,7 @@ WallModel::WallModel(const LauncherStore& store) : m_store(store), m_apps(store.
     connect(&store, &LauncherStore::selectedCategoryChanged, this, &WallModel::update);
     connect(&store, &LauncherStore::showsMostUsedChanged, this, &WallModel::update);
     connect(&store, &LauncherStore::searchTextChanged, this, &WallModel::update);
+    connect(&store, &LauncherStore::selectedAppIDsChanged, this, &WallModel::announceSelection);
 }
 
 int WallModel::rowCount(const QModelIndex& parent) const {
@@ -46,6 +47,8 @@ QVariant WallModel::data(const QModelIndex& index, int role) const {
         return QString::fromLatin1(style.shortLabel.data(), static_cast<qsizetype>(style.shortLabel.size()));
     case AccentColorRole:
         return toQColor(style.accentColor);
+    case SelectedRole:
+        return m_store.selectedAppIDs().contains(app.id);
     default:
         return {};
     }
@@ -56,7 +59,8 @@ QHash<int, QByteArray> WallModel::roleNames() const {
             {NameRole, "name"},
             {IconRole, "appIcon"},
             {CategoryLabelRole, "categoryLabel"},
-            {AccentColorRole, "accentColor"}};
+            {AccentColorRole, "accentColor"},
+            {SelectedRole, "selected"}};
 }
 
 void WallModel::update() {
@@ -83,6 +87,11 @@ void WallModel::update() {
         }
     }
     announceChangedRows(fresh);
+}
+
+void WallModel::announceSelection() {
+    if (!m_apps.isEmpty())
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1), {SelectedRole});
 }
 
 void WallModel::announceChangedRows(const QList<LaunchableApp>& fresh) {

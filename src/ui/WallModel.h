@@ -24,6 +24,7 @@ public:
         IconRole,
         CategoryLabelRole,
         AccentColorRole,
+        SelectedRole,
     };
 
     explicit WallModel(const LauncherStore& store);
@@ -34,6 +35,7 @@ public:
 
 private:
     void update();
+    void announceSelection();
     void announceChangedRows(const QList<LaunchableApp>& fresh);
 
     const LauncherStore& m_store;

@@ -152,6 +152,7 @@ private Q_SLOTS:
         Fixture fixture({{app("Notes").url.path(), {.launchCount = 2}}});
         fixture.usage->forget(app("Notes").url.path());
         QVERIFY(fixture.usage->records().isEmpty());
+        fixture.usage->saveUsageRecords();
         QVERIFY(fixture.stored().isEmpty());
     }
 

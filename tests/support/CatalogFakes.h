@@ -1,9 +1,12 @@
 #pragma once
 
+#include "catalog/AlertPresenter.h"
+#include "catalog/ApplicationLauncher.h"
 #include "catalog/ApplicationSource.h"
 #include "catalog/FolderWatcher.h"
 #include "catalog/LauncherStore.h"
 #include "catalog/Overlay.h"
+#include "catalog/Trash.h"
 #include "catalog/Workspace.h"
 #include "preferences/Preferences.h"
 #include "preferences/PreferencesStorage.h"
@@ -26,11 +29,62 @@ public:
     PreferenceValues values;
 };
 
+// Notes whom the store brings to the front.
 class FakeWorkspace : public Workspace {
 public:
-    void openApplication(const FileUrl& application) override { opened.append(application.path()); }
+    explicit FakeWorkspace(QStringList& log) : m_log(log) {}
+    std::optional<RunningApplication> frontmostApplication() const override { return frontmost; }
+    void setActivationHandler(ActivationHandler handler) override { activated = std::move(handler); }
+    void activate(const RunningApplication& application) override {
+        m_log.append(QStringLiteral("activate %1").arg(application.processIdentifier));
+    }
 
-    QStringList opened;
+    std::optional<RunningApplication> frontmost;
+    ActivationHandler activated;
+
+private:
+    QStringList& m_log;
+};
+
+class FakeLauncher : public ApplicationLauncher {
+public:
+    explicit FakeLauncher(QStringList& log) : m_log(log) {}
+    void openApplication(const FileUrl& application) override { m_log.append(u"open " + application.path()); }
+
+private:
+    QStringList& m_log;
+};
+
+// Notes what goes to the Trash, and refuses what it is told to.
+class FakeTrash : public Trash {
+public:
+    explicit FakeTrash(QStringList& log) : m_log(log) {}
+    TrashResult moveToTrash(const FileUrl& item) override {
+        m_log.append(u"trash " + item.path());
+        return refused.contains(item.path()) ? TrashResult::refused : TrashResult::moved;
+    }
+
+    QStringList refused;
+
+private:
+    QStringList& m_log;
+};
+
+// Answers every alert with the same button and keeps what was asked.
+class FakeAlerts : public AlertPresenter {
+public:
+    explicit FakeAlerts(QStringList& log) : m_log(log) {}
+    qsizetype runModal(const Alert& alert) override {
+        m_log.append(u"alert " + alert.message);
+        shown.append(alert);
+        return answer;
+    }
+
+    QList<Alert> shown;
+    qsizetype answer = 0;
+
+private:
+    QStringList& m_log;
 };
 
 class FakeFolderWatcher : public FolderWatcher {
@@ -95,23 +149,30 @@ inline QStringList names(const QList<LaunchableApp>& apps) {
 class StoreFixture {
 public:
     explicit StoreFixture(const QList<FoundApplication>& applications = {}, const PreferenceValues& values = {},
-                          const QLocale& locale = QLocale(QLocale::English)) {
+                          const QLocale& locale = QLocale(QLocale::English),
+                          const std::optional<RunningApplication>& frontmost = std::nullopt) {
+        workspace.frontmost = frontmost;
         installed.applications = applications;
         storage.values = values;
         preferences = std::make_unique<Preferences>(storage);
         std::vector<std::unique_ptr<ApplicationSource>> sources;
         sources.push_back(std::make_unique<FakeSource>(installed));
-        store =
-            std::make_unique<LauncherStore>(AppScanner(std::move(sources), locale),
-                                            LauncherServices{.preferences = *preferences,
-                                                             .workspace = workspace,
-                                                             .folderWatcher = folderWatcher,
-                                                             .makeOverlay =
-                                                                 [this](LauncherStore&) {
-                                                                     ++overlaysMade;
-                                                                     return std::make_unique<FakeOverlay>(overlayLog);
-                                                                 }},
-                                            locale);
+        store = std::make_unique<LauncherStore>(
+            AppScanner(std::move(sources), locale),
+            LauncherServices{.preferences = *preferences,
+                             .workspace = workspace,
+                             .launcher = launcher,
+                             .trash = trash,
+                             .alerts = alerts,
+                             .folderWatcher = folderWatcher,
+                             .makeOverlay =
+                                 [this](LauncherStore&) {
+                                     ++overlaysMade;
+                                     return std::make_unique<FakeOverlay>(log);
+                                 },
+                             .showSettingsWindow = [this] { log.append(QStringLiteral("settings")); },
+                             .usageClocks = {.now = [this] { return date; }, .seconds = [this] { return seconds; }}},
+            locale);
     }
 
     // The first scan and the one that follows once its folders are watched are over.
@@ -124,9 +185,14 @@ public:
 
     FakeInstalled installed;
     FakeStorage storage;
-    FakeWorkspace workspace;
+    QStringList log; // what the services were asked, in order
+    FakeWorkspace workspace{log};
+    FakeLauncher launcher{log};
+    FakeTrash trash{log};
+    FakeAlerts alerts{log};
     FakeFolderWatcher folderWatcher;
-    QStringList overlayLog;
+    ReferenceDate date = 800000000;
+    double seconds = 1000;
     int overlaysMade = 0;
     std::unique_ptr<Preferences> preferences;
     std::unique_ptr<LauncherStore> store;

@@ -8,6 +8,8 @@
 #include <QThread>
 
 #include <csignal>
+#include <grp.h>
+#include <unistd.h>
 #include <xcb/xcb.h>
 
 namespace zelmo::test {
@@ -15,6 +17,8 @@ namespace zelmo::test {
 namespace {
 
 constexpr int longestWait = 15000;
+constexpr uid_t ordinaryUser = 65534;
+constexpr gid_t ordinaryGroup = 65534;
 
 // A window of our own, there for nothing but to be managed.
 class ProbeWindow {
@@ -54,6 +58,7 @@ private:
 
 std::unique_ptr<DesktopSession> DesktopSession::start(const DesktopOptions& options) {
     std::unique_ptr<DesktopSession> session(new DesktopSession);
+    session->m_user = geteuid() == 0 ? options.user : DesktopUser::same;
     session->m_environment = QProcessEnvironment::systemEnvironment();
     for (const char* name : {"QT_QPA_PLATFORM", "QT_QUICK_BACKEND", "WAYLAND_DISPLAY", "XDG_DATA_HOME",
                              "XDG_CONFIG_HOME", "XDG_CURRENT_DESKTOP", "DESKTOP_STARTUP_ID", "QT_IM_MODULE"})
@@ -64,6 +69,8 @@ std::unique_ptr<DesktopSession> DesktopSession::start(const DesktopOptions& opti
     QDir(home).mkdir(QStringLiteral("run"));
     QFile::setPermissions(home + QStringLiteral("/run"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     QDir(home).mkdir(QStringLiteral("launched"));
+    session->giveToUser(home + QStringLiteral("/run"));
+    session->giveToUser(home + QStringLiteral("/launched"));
 
     if (options.shortcuts == WindowManagerShortcuts::none)
         session->writeFile(QStringLiteral(".config/openbox/rc.xml"),
@@ -102,6 +109,12 @@ void DesktopSession::writeFile(const QString& path, const QByteArray& contents) 
     QFile file(whole);
     if (!file.open(QFile::WriteOnly) || file.write(contents) != contents.size())
         qFatal("%s can't be written", qPrintable(whole));
+    giveToUser(whole);
+}
+
+void DesktopSession::writeProgram(const QString& path, const QByteArray& contents) const {
+    writeFile(path, contents);
+    QFile::setPermissions(home() + u'/' + path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
 void DesktopSession::installEntry(const QString& name, const QByteArray& moreLines) const {
@@ -132,9 +145,29 @@ bool DesktopSession::waitFor(const std::function<bool()>& condition) {
     return true;
 }
 
+void DesktopSession::prepare(QProcess& process) const {
+    process.setProcessEnvironment(m_environment);
+    if (m_user == DesktopUser::same)
+        return;
+    process.setChildProcessModifier([] {
+        if (setgroups(0, nullptr) != 0 || setgid(ordinaryGroup) != 0 || setuid(ordinaryUser) != 0)
+            _exit(126);
+    });
+}
+
+// With the folders around it, up to the home folder.
+void DesktopSession::giveToUser(const QString& path) const {
+    if (m_user == DesktopUser::same)
+        return;
+    for (QString part = path; part.startsWith(home()); part = QFileInfo(part).path()) {
+        if (chown(QFile::encodeName(part).constData(), ordinaryUser, ordinaryGroup) != 0)
+            qFatal("%s can't be given away", qPrintable(part));
+    }
+}
+
 std::unique_ptr<QProcess> DesktopSession::spawn(const QString& program, const QStringList& arguments) const {
     auto process = std::make_unique<QProcess>();
-    process->setProcessEnvironment(m_environment);
+    prepare(*process);
     process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process->start(program, arguments);
     if (!process->waitForStarted())
@@ -144,7 +177,7 @@ std::unique_ptr<QProcess> DesktopSession::spawn(const QString& program, const QS
 
 bool DesktopSession::startServer(QSize screen) {
     auto server = std::make_unique<QProcess>();
-    server->setProcessEnvironment(m_environment);
+    prepare(*server);
     server->setStandardErrorFile(home() + QStringLiteral("/server.log"));
     server->start(QStringLiteral("Xvfb"),
                   {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"), QStringLiteral("0"),
@@ -168,7 +201,7 @@ bool DesktopSession::startServer(QSize screen) {
 
 bool DesktopSession::startBus() {
     auto bus = std::make_unique<QProcess>();
-    bus->setProcessEnvironment(m_environment);
+    prepare(*bus);
     bus->setStandardErrorFile(home() + QStringLiteral("/bus.log"));
     bus->start(QStringLiteral("dbus-daemon"),
                {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1")});
@@ -189,7 +222,7 @@ bool DesktopSession::startBus() {
 bool DesktopSession::startWindowManager(const QString& program) {
     m_windowManagerName = program;
     m_windowManager = std::make_unique<QProcess>();
-    m_windowManager->setProcessEnvironment(m_environment);
+    prepare(*m_windowManager);
     m_windowManager->setStandardErrorFile(home() + QStringLiteral("/windowmanager.log"));
     m_windowManager->start(program, QStringList());
     // It is ready when it manages a window; that it has announced itself says less.

@@ -15,11 +15,15 @@ namespace zelmo::test {
 // Which shortcuts openbox has: its own, one of which is Alt and Space, or none.
 enum class WindowManagerShortcuts { none, standard };
 
+// Whose programs these are: of the user who runs the tests, or of one who is not root in any case.
+enum class DesktopUser { same, ordinary };
+
 struct DesktopOptions {
     QSize screen{1280, 800};
     // The program that manages windows; none when empty.
     QString windowManager = QStringLiteral("openbox");
     WindowManagerShortcuts shortcuts = WindowManagerShortcuts::none;
+    DesktopUser user = DesktopUser::same;
 };
 
 // A desktop of one's own: an X server, a session bus, a window manager and a home folder that only
@@ -42,6 +46,7 @@ public:
 
     // Writes a file below the home folder, with its folders.
     void writeFile(const QString& path, const QByteArray& contents) const;
+    void writeProgram(const QString& path, const QByteArray& contents) const;
     // An entry in the user's own folder that, when launched, leaves a file of the entry's name in `launched()`.
     void installEntry(const QString& name, const QByteArray& moreLines = {}) const;
     QStringList launched() const;
@@ -58,9 +63,12 @@ private:
     bool startServer(QSize screen);
     bool startBus();
     bool startWindowManager(const QString& program);
+    void prepare(QProcess& process) const;
+    void giveToUser(const QString& path) const;
     std::unique_ptr<QProcess> spawn(const QString& program, const QStringList& arguments) const;
 
     QTemporaryDir m_home;
+    DesktopUser m_user = DesktopUser::same;
     QProcessEnvironment m_environment;
     QString m_displayName;
     QString m_windowManagerName;

@@ -67,7 +67,7 @@ std::optional<xcb_window_t> XDisplay::viewableWindow(const QString& title) const
             xcb_get_window_attributes_reply(m_connection, attributesCookie, nullptr));
         const Owned<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(m_connection, treeCookie, nullptr));
         if (attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE &&
-            titleOf(m_connection, window, name) == title)
+            (titleOf(m_connection, window, name) == title || titleOf(m_connection, window, XCB_ATOM_WM_NAME) == title))
             return window;
         if (tree) {
             const xcb_window_t* children = xcb_query_tree_children(tree.get());
@@ -126,6 +126,60 @@ bool XDisplay::typeKey(xcb_keysym_t symbol) const {
     }
     synchronize();
     return true;
+}
+
+std::optional<xcb_window_t> XDisplay::activeWindow() const {
+    const QByteArray value = property(root(), "_NET_ACTIVE_WINDOW");
+    xcb_window_t window = XCB_WINDOW_NONE;
+    if (value.size() == sizeof window)
+        std::memcpy(&window, value.constData(), sizeof window);
+    return window == XCB_WINDOW_NONE ? std::nullopt : std::optional(window);
+}
+
+QString XDisplay::activeClass() const {
+    const auto window = activeWindow();
+    return window ? QString::fromLatin1(property(*window, "WM_CLASS").split('\0').value(1)) : QString();
+}
+
+void XDisplay::activate(xcb_window_t window) const {
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = atomNamed(m_connection, "_NET_ACTIVE_WINDOW");
+    message.data.data32[0] = 2;
+    xcb_send_event(m_connection, 0, root(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&message));
+    synchronize();
+}
+
+void XDisplay::watchActivationRequests() const {
+    const std::uint32_t events = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+    xcb_change_window_attributes(m_connection, root(), XCB_CW_EVENT_MASK, &events);
+    synchronize();
+}
+
+QList<xcb_window_t> XDisplay::activationRequests() const {
+    QList<xcb_window_t> windows;
+    const xcb_atom_t wanted = atomNamed(m_connection, "_NET_ACTIVE_WINDOW");
+    while (const Owned<xcb_generic_event_t> event{xcb_poll_for_event(m_connection)}) {
+        if ((event->response_type & 0x7f) != XCB_CLIENT_MESSAGE)
+            continue;
+        const auto* message = reinterpret_cast<const xcb_client_message_event_t*>(event.get());
+        if (message->type == wanted)
+            windows.append(message->window);
+    }
+    return windows;
+}
+
+QByteArray XDisplay::property(xcb_window_t window, const QByteArray& name) const {
+    const Owned<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+        m_connection,
+        xcb_get_property(m_connection, 0, window, atomNamed(m_connection, name), XCB_GET_PROPERTY_TYPE_ANY, 0, 1024),
+        nullptr));
+    return reply ? QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())),
+                              xcb_get_property_value_length(reply.get()))
+                 : QByteArray();
 }
 
 bool XDisplay::holdKey(xcb_keysym_t symbol) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QList>
 #include <QPoint>
 #include <QRect>
 #include <QString>
@@ -30,6 +31,15 @@ public:
     // In the root's pixels.
     std::optional<QRect> geometry(xcb_window_t window) const;
     xcb_window_t focusedWindow() const;
+    // The window that the window manager says is active.
+    std::optional<xcb_window_t> activeWindow() const;
+    // The second part of the active window's class; empty when there is none.
+    QString activeClass() const;
+    // Asks the window manager for it, as a task bar does.
+    void activate(xcb_window_t window) const;
+    // From now on, the windows that programs ask the window manager to activate are noted.
+    void watchActivationRequests() const;
+    QList<xcb_window_t> activationRequests() const;
     bool keyboardIsGrabbed() const;
 
     // Presses and releases one key; a shifted one with Shift. False when the layout lacks it.
@@ -51,6 +61,7 @@ private:
     // The first key with the symbol on this level, or 0.
     xcb_keycode_t keyFor(xcb_keysym_t symbol, int level) const;
     void sendKey(xcb_keycode_t code, bool press) const;
+    QByteArray property(xcb_window_t window, const QByteArray& name) const;
 
     xcb_connection_t* m_connection;
     xcb_screen_t* m_screen;
@@ -62,6 +73,8 @@ inline constexpr xcb_keysym_t controlKey = 0xffe3;
 inline constexpr xcb_keysym_t superKey = 0xffeb;
 inline constexpr xcb_keysym_t escapeKey = 0xff1b;
 inline constexpr xcb_keysym_t backspaceKey = 0xff08;
+inline constexpr xcb_keysym_t tabKey = 0xff09;
+inline constexpr xcb_keysym_t leftKey = 0xff51;
 inline constexpr xcb_keysym_t returnKey = 0xff0d;
 inline constexpr xcb_keysym_t pageDownKey = 0xff56;
 

@@ -60,6 +60,21 @@ public:
         list.removeIf([&](const QQuickItem* item) { return item->property("text").toString() != text; });
         return list;
     }
+    // The button in sight with this name for screen readers.
+    QQuickItem* button(const char* title) {
+        QList<QQuickItem*> list;
+        collect(window.rootObject(), "QQuickItem", list);
+        list.removeIf([&](const QQuickItem* item) {
+            return item->property("title").toString() != QLatin1StringView(title) ||
+                   !item->property("helpText").isValid();
+        });
+        return list.value(0);
+    }
+    void press(const char* title) {
+        QQuickItem* item = button(title);
+        QVERIFY2(item, title);
+        QTest::mouseClick(&window, Qt::LeftButton, {}, place(item).center().toPoint());
+    }
     QRectF place(const QQuickItem* item) {
         return item->mapRectToScene(QRectF(QPointF(0, 0), QSizeF(item->width(), item->height())));
     }
@@ -185,7 +200,7 @@ private Q_SLOTS:
         QTest::keyClick(&fixture.window, Qt::Key_Backspace);
         QVERIFY(fixture.waitForCards(10));
         QTest::keyClick(&fixture.window, Qt::Key_Return);
-        QVERIFY(fixture.store.workspace.opened.isEmpty());
+        QVERIFY(fixture.store.log.isEmpty());
     }
 
     void aClickOnACardLaunchesIt() {
@@ -194,7 +209,10 @@ private Q_SLOTS:
         fixture.store.store->showOverlay();
         const QPoint place = fixture.place(fixture.texts(QStringLiteral("App 00003"))[0]).center().toPoint();
         QTest::mouseClick(&fixture.window, Qt::LeftButton, {}, place);
-        QCOMPARE(fixture.store.workspace.opened, QStringList{QStringLiteral("/Applications/App 00003.app")});
+        // The wall behind the card does not take the click as well.
+        QCOMPARE(fixture.store.log,
+                 (QStringList{QStringLiteral("show"), QStringLiteral("open /Applications/App 00003.app"),
+                              QStringLiteral("hide")}));
         QVERIFY(!fixture.store.store->overlayIsVisible());
     }
 
@@ -205,8 +223,72 @@ private Q_SLOTS:
             fixture.store.store->showOverlay();
             QTest::mouseClick(&fixture.window, Qt::LeftButton, {}, place);
             QVERIFY(!fixture.store.store->overlayIsVisible());
+            QCOMPARE(std::exchange(fixture.store.log, {}),
+                     (QStringList{QStringLiteral("show"), QStringLiteral("hide")}));
         }
-        QVERIFY(fixture.store.workspace.opened.isEmpty());
+    }
+
+    void editModeSelectsInsteadOfLaunching() {
+        Fixture fixture(6);
+        QVERIFY(fixture.waitForCards(6));
+        LauncherStore& store = *fixture.store.store;
+        store.showOverlay();
+        QAccessible::setActive(true);
+        fixture.press("Select");
+        QVERIFY(store.isEditingApps());
+        QCOMPARE(fixture.texts(QStringLiteral("Select apps to hide from the launcher")).size(), 1);
+        const QQuickItem* uninstall = fixture.button("Uninstall");
+        QVERIFY(uninstall);
+        QVERIFY(!uninstall->isEnabled());
+        QCOMPARE(uninstall->opacity(), 0.42);
+        QCOMPARE(uninstall->property("helpText").toString(), QStringLiteral("Select apps to uninstall"));
+
+        const QPoint place = fixture.place(fixture.texts(QStringLiteral("App 00003"))[0]).center().toPoint();
+        QTest::mouseClick(&fixture.window, Qt::LeftButton, {}, place);
+        QCOMPARE(store.selectedAppIDs(), QSet<FileUrl>{store.apps()[3].id});
+        QVERIFY(uninstall->isEnabled());
+        QCOMPARE(uninstall->opacity(), 1.0);
+        QCOMPARE(uninstall->property("helpText").toString(), QStringLiteral("Move selected apps to Trash"));
+        const QQuickItem* card = fixture.texts(QStringLiteral("App 00003"))[0]->parentItem()->parentItem();
+        QTRY_COMPARE(card->scale(), 0.97);
+
+        // Empty space does nothing now.
+        QTest::mouseClick(&fixture.window, Qt::LeftButton, {}, QPoint(5, 500));
+        QTest::mouseClick(&fixture.window, Qt::LeftButton, {}, QPoint(1200, 1000));
+        QVERIFY(store.isEditingApps());
+        QCOMPARE(fixture.store.log, QStringList{QStringLiteral("show")});
+
+        fixture.store.alerts.answer = 1;
+        fixture.press("Uninstall");
+        QCOMPARE(fixture.store.log.last(), QStringLiteral("alert Uninstall App 00003?"));
+        fixture.press("Done");
+        QVERIFY(!store.isEditingApps());
+        QVERIFY(store.selectedAppIDs().isEmpty());
+        QTRY_COMPARE(card->scale(), 1.0);
+        QVERIFY(!fixture.button("Uninstall"));
+    }
+
+    void removedCardsFadeAndTheOthersCloseUp() {
+        Fixture fixture(12);
+        QVERIFY(fixture.waitForCards(12));
+        LauncherStore& store = *fixture.store.store;
+        fixture.store.waitForRest();
+        store.setIsEditingApps(true);
+        store.toggleSelection(store.apps()[0]);
+        const QQuickItem* last = fixture.texts(QStringLiteral("App 00011"))[0]->parentItem()->parentItem();
+        const QQuickItem* removed = fixture.texts(QStringLiteral("App 00000"))[0]->parentItem()->parentItem();
+        const QPointF start = last->position();
+        store.hideSelectedAppsFromLauncher();
+        bool wasBetween = false;
+        bool wasFaint = false;
+        QTRY_VERIFY((wasBetween = wasBetween || (last->x() < start.x() && last->x() > start.x() - 176),
+                     wasFaint = wasFaint || (removed->opacity() > 0 && removed->opacity() < 1),
+                     last->position() == start - QPointF(176, 0)));
+        QVERIFY(wasBetween);
+        QVERIFY(wasFaint);
+        QTRY_VERIFY(!removed->isVisible());
+        QCOMPARE(removed->opacity(), 1.0);
+        QCOMPARE(fixture.items("zelmo::AppIconItem").size(), 11);
     }
 
     void aLongNameEndsInAnEllipsis() {
@@ -245,7 +327,7 @@ private Q_SLOTS:
         QCOMPARE(accessible->role(), QAccessible::Button);
         QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("App 00002"));
         accessible->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-        QCOMPARE(fixture.store.workspace.opened, QStringList{QStringLiteral("/Applications/App 00002.app")});
+        QVERIFY(fixture.store.log.contains(QStringLiteral("open /Applications/App 00002.app")));
     }
 };
 
