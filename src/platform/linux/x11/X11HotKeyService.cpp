@@ -167,10 +167,13 @@ bool X11HotKeyService::nativeEventFilter(const QByteArray& eventType, void* mess
     if (eventType != "xcb_generic_event_t")
         return false;
     const auto* event = static_cast<const xcb_generic_event_t*>(message);
-    if (event->response_type == XCB_KEY_PRESS)
-        return takesPress(*reinterpret_cast<const xcb_key_press_event_t*>(event));
-    if (event->response_type == XCB_KEY_RELEASE)
-        return takesRelease(*reinterpret_cast<const xcb_key_release_event_t*>(event));
+    if (event->response_type == XCB_KEY_PRESS || event->response_type == XCB_KEY_RELEASE) {
+        // Qt has to know the time, for windows that are shown at any earlier one may not get the focus. No window may.
+        auto* keyEvent = static_cast<xcb_key_press_event_t*>(message);
+        if (event->response_type == XCB_KEY_PRESS ? takesPress(*keyEvent) : takesRelease(*keyEvent))
+            keyEvent->event = XCB_WINDOW_NONE;
+        return false;
+    }
     const bool isLayoutChange = event->response_type == m_xkbEventType
                                     ? event->pad0 == newKeyboardNotify || event->pad0 == mapNotify
                                     : event->response_type == XCB_MAPPING_NOTIFY;
@@ -190,8 +193,6 @@ bool X11HotKeyService::takesPress(const xcb_key_press_event_t& event) {
         }
         m_pressedKey = 0;
     }
-    if (event.event != m_root)
-        return false;
     const KeyGrab pressed{event.detail, static_cast<std::uint16_t>(event.state & allModifiers)};
     const auto entry = std::ranges::find_if(m_hotKeys, [&](const auto& candidate) {
         const auto& grabs = candidate.second.grabs;

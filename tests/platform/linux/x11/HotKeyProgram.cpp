@@ -1,5 +1,6 @@
-// Takes the shortcut whose raw value it reads from a line of its input, and toggles a full-screen window with it. Says
-// on its output how the registration went and what it sees.
+// Takes the shortcut whose raw value it reads from a line of its input, and toggles a full-screen window with it; a
+// line such as "register 49 256" has it ask for that combination besides. Says on its output how the registration went
+// and what it sees.
 
 #include "hotkey/LauncherHotKeyController.h"
 #include "platform/linux/x11/X11HotKeyService.h"
@@ -100,8 +101,14 @@ int main(int argc, char* argv[]) {
             QCoreApplication::quit();
         pending.append(buffer, std::max<ssize_t>(count, 0));
         for (qsizetype end = pending.indexOf('\n'); end >= 0; end = pending.indexOf('\n')) {
-            preferences.setValue<PreferenceKey::launcherKeyboardShortcut>(QString::fromUtf8(pending.left(end)));
+            const QStringList words = QString::fromUtf8(pending.left(end)).split(u' ');
             pending.remove(0, end + 1);
+            if (words.size() == 3) {
+                const auto reference = service.registerHotKey({words[1].toUInt(), words[2].toUInt()}, {});
+                say(u"status " + (reference ? QStringLiteral("accepted") : QStringLiteral("refused")));
+                continue;
+            }
+            preferences.setValue<PreferenceKey::launcherKeyboardShortcut>(words[0]);
             controller.configure();
             say(u"status " + preferences.value<PreferenceKey::launcherKeyboardShortcutStatus>());
         }

@@ -84,6 +84,48 @@ const std::vector<xcb_keycode_t>& OtherProgram::pressedKeys() {
     return m_pressedKeys;
 }
 
+xcb_timestamp_t OtherProgram::now() {
+    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    const xcb_window_t window = xcb_generate_id(m_connection);
+    xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, window, m_display->root(), 0, 0, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &events);
+    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, 8, 0, nullptr);
+    xcb_destroy_window(m_connection, window);
+    xcb_flush(m_connection);
+    while (const Owned<xcb_generic_event_t> event{xcb_wait_for_event(m_connection)}) {
+        if (event->response_type == XCB_PROPERTY_NOTIFY)
+            return reinterpret_cast<const xcb_property_notify_event_t*>(event.get())->time;
+    }
+    return 0;
+}
+
+xcb_timestamp_t OtherProgram::lastUserTime() const {
+    const xcb_atom_t name = atomNamed(m_connection, "_NET_WM_USER_TIME");
+    xcb_timestamp_t last = 0;
+    std::vector<xcb_window_t> pending{m_display->root()};
+    while (!pending.empty()) {
+        const xcb_window_t window = pending.back();
+        pending.pop_back();
+        const auto propertyCookie = xcb_get_property(m_connection, 0, window, name, XCB_ATOM_CARDINAL, 0, 1);
+        const auto treeCookie = xcb_query_tree(m_connection, window);
+        const Owned<xcb_get_property_reply_t> property(xcb_get_property_reply(m_connection, propertyCookie, nullptr));
+        const Owned<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(m_connection, treeCookie, nullptr));
+        if (property && xcb_get_property_value_length(property.get()) == sizeof last)
+            last = std::max(last, *static_cast<const xcb_timestamp_t*>(xcb_get_property_value(property.get())));
+        if (tree) {
+            const xcb_window_t* children = xcb_query_tree_children(tree.get());
+            pending.insert(pending.end(), children, children + xcb_query_tree_children_length(tree.get()));
+        }
+    }
+    return last;
+}
+
+int OtherProgram::keyboardGroup() const {
+    const Owned<xcb_query_pointer_reply_t> reply(
+        xcb_query_pointer_reply(m_connection, xcb_query_pointer(m_connection, m_display->root()), nullptr));
+    return reply ? (reply->mask >> 13) & 3 : 0;
+}
+
 void OtherProgram::changeKey(xcb_keycode_t key, xcb_keysym_t symbol) const {
     const std::array symbols{symbol, symbol};
     xcb_change_keyboard_mapping(m_connection, 1, key, static_cast<std::uint8_t>(symbols.size()), symbols.data());

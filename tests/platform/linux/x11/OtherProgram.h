@@ -25,6 +25,13 @@ public:
     // The keys pressed in the window or under a grab, so far.
     const std::vector<xcb_keycode_t>& pressedKeys();
 
+    // The server's clock.
+    xcb_timestamp_t now();
+    // When the user last did something in a window, as the windows say themselves, shown or not.
+    xcb_timestamp_t lastUserTime() const;
+
+    // The layout's group that is in force, from 0.
+    int keyboardGroup() const;
     // What a key gives from now on, shifted or not.
     void changeKey(xcb_keycode_t key, xcb_keysym_t symbol) const;
     // Which key sets one of the modifiers from now on; none when it is 0.
