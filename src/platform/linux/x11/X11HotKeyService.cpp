@@ -198,8 +198,12 @@ bool X11HotKeyService::takesPress(const xcb_key_press_event_t& event) {
         const auto& grabs = candidate.second.grabs;
         return std::ranges::find(grabs, pressed) != grabs.end();
     });
-    if (entry == m_hotKeys.end())
+    if (entry == m_hotKeys.end()) {
+        // Whatever the server took it for, it must not wait for an answer.
+        if (event.event == m_root)
+            letKeysFlow();
         return false;
+    }
     m_pressedKey = event.detail;
     if (m_handler)
         m_handler(entry->second.identifier);
