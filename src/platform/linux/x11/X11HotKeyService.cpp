@@ -58,7 +58,8 @@ std::optional<std::uint16_t> modifiersFor(std::uint32_t wanted, const X11Keyboar
     return modifiers;
 }
 
-// Every set of the lock modifiers, of which Num Lock and Scroll Lock are where the layout puts them.
+// Every set of the lock modifiers, of which Num Lock and Scroll Lock are where the layout puts them. Some stand twice
+// where the layout has no modifier for a lock.
 std::vector<std::uint16_t> lockVariants(const X11KeyboardLayout& layout) {
     std::vector<std::uint16_t> variants{0};
     for (const std::uint16_t lock :
@@ -66,9 +67,6 @@ std::vector<std::uint16_t> lockVariants(const X11KeyboardLayout& layout) {
         for (std::size_t i = 0, count = variants.size(); i < count; ++i)
             variants.push_back(variants[i] | lock);
     }
-    std::ranges::sort(variants);
-    const auto repeated = std::ranges::unique(variants);
-    variants.erase(repeated.begin(), repeated.end());
     return variants;
 }
 
