@@ -31,10 +31,11 @@ const QSet<QString>& interfaces() {
     static const QSet<QString> headers = [] {
         QSet<QString> set;
         for (const char* header :
-             {"catalog/AppIcon.h", "catalog/ApplicationLauncher.h", "catalog/ApplicationSource.h", "catalog/BundleReader.h", "catalog/FileUrl.h",
-              "catalog/FolderWatcher.h", "catalog/RunningApplication.h", "catalog/Trash.h", "catalog/Workspace.h",
-              "hotkey/HotKeyService.h", "overlay/KeyboardBuffer.h", "overlay/MainScreen.h",
-              "preferences/PreferenceTable.h", "preferences/PreferencesStorage.h", "ui/IconSource.h"})
+             {"catalog/AppIcon.h", "catalog/ApplicationLauncher.h", "catalog/ApplicationSource.h",
+              "catalog/BundleReader.h", "catalog/FileUrl.h", "catalog/FolderWatcher.h", "catalog/RunningApplication.h",
+              "catalog/Trash.h", "catalog/Workspace.h", "hotkey/HotKeyService.h", "overlay/KeyboardBuffer.h",
+              "overlay/MainScreen.h", "preferences/PreferenceTable.h", "preferences/PreferencesStorage.h",
+              "ui/IconSource.h"})
             set.insert(QString::fromLatin1(header));
         return set;
     }();

@@ -1,8 +1,6 @@
-#include "OtherProgram.h"
-#include "RunningHotKeyProgram.h"
+#include "ShortcutPresses.h"
 
 #include <QTest>
-#include <QThread>
 
 #include <algorithm>
 #include <csignal>
@@ -12,33 +10,7 @@ using namespace zelmo::test;
 namespace {
 
 constexpr xcb_keycode_t letterCode = 53;
-constexpr xcb_keycode_t spaceCode = 65;
-constexpr xcb_keycode_t capsLockCode = 66;
-constexpr xcb_keycode_t numLockCode = 77;
-constexpr xcb_keycode_t scrollLockCode = 78;
-constexpr xcb_keycode_t leftSuperCode = 133;
-constexpr xcb_keysym_t capsLockKey = 0xffe5;
-constexpr xcb_keysym_t numLockKey = 0xff7f;
-constexpr xcb_keysym_t scrollLockKey = 0xff14;
 constexpr xcb_keysym_t letterKey = 0x0078; // x
-constexpr xcb_keysym_t nextGroupKey = 0xfe08;
-
-const QString pressed = QStringLiteral("pressed");
-const QString assigned = QStringLiteral("Option + Space is assigned to Zelmo.");
-
-bool isRefusal(const QString& status) {
-    return status.startsWith(QStringLiteral("Could not assign"));
-}
-
-// The shortcut as a person presses it: never twice within one tick of the server's clock.
-void pressShortcut(const DesktopSession& session, xcb_keysym_t modifier = altKey) {
-    const XDisplay& display = session.display();
-    display.holdKey(modifier);
-    display.holdKey(spaceKey);
-    display.releaseKey(spaceKey);
-    display.releaseKey(modifier);
-    QThread::msleep(3);
-}
 
 } // namespace
 
@@ -78,28 +50,6 @@ private Q_SLOTS:
         pressShortcut(*session, modifier);
         QVERIFY(program.waitForCount(QStringLiteral("shown"), 1));
         QCOMPARE(program.count(pressed), 1);
-    }
-
-    void lockedModifiersMakeNoDifference_data() {
-        QTest::addColumn<QList<xcb_keysym_t>>("locks");
-        QTest::newRow("Num Lock") << QList{numLockKey};
-        QTest::newRow("Caps Lock") << QList{capsLockKey};
-        QTest::newRow("Scroll Lock") << QList{scrollLockKey};
-        QTest::newRow("Num and Caps Lock") << QList{numLockKey, capsLockKey};
-        QTest::newRow("all three") << QList{numLockKey, capsLockKey, scrollLockKey};
-    }
-    void lockedModifiersMakeNoDifference() {
-        QFETCH(QList<xcb_keysym_t>, locks);
-        const auto session = bareSession();
-        QVERIFY(session);
-        const OtherProgram other(session->displayName());
-        other.changeModifier(XCB_MAP_INDEX_3, scrollLockCode);
-        RunningHotKeyProgram program(*session);
-        QCOMPARE(program.take("optionSpace"), assigned);
-        for (const xcb_keysym_t lock : locks)
-            QVERIFY(session->display().typeKey(lock));
-        pressShortcut(*session);
-        QVERIFY(program.waitForCount(pressed, 1));
     }
 
     void aHeldKeyIsOnePressAndTypesNothingIntoTheWall_data() { windowManagers(); }
@@ -303,64 +253,6 @@ private Q_SLOTS:
         QCOMPARE(std::ranges::count(other.pressedKeys(), spaceCode), 0);
     }
 
-    void theKeyIsFollowedToAnotherPlace() {
-        const auto session = bareSession();
-        QVERIFY(session);
-        const OtherProgram other(session->displayName());
-        RunningHotKeyProgram program(*session);
-        QCOMPARE(program.take("optionSpace"), assigned);
-        other.changeModifier(XCB_MAP_INDEX_LOCK, 0);
-        other.changeKey(spaceCode, capsLockKey);
-        other.changeKey(capsLockCode, spaceKey);
-        QVERIFY(waitForPress(*session, program));
-        QVERIFY(other.grabKey(spaceCode, XCB_MOD_MASK_1));
-    }
-
-    void eachOfTwoSpaceKeysWorks() {
-        const auto session = bareSession();
-        QVERIFY(session);
-        const OtherProgram other(session->displayName());
-        other.changeModifier(XCB_MAP_INDEX_LOCK, 0);
-        other.changeKey(capsLockCode, spaceKey);
-        RunningHotKeyProgram program(*session);
-        QCOMPARE(program.take("optionSpace"), assigned);
-        QVERIFY(!other.grabKey(spaceCode, XCB_MOD_MASK_1));
-        QVERIFY(!other.grabKey(capsLockCode, XCB_MOD_MASK_1));
-    }
-
-    void numLockIsFollowedToAnotherModifier() {
-        const auto session = bareSession();
-        QVERIFY(session);
-        const OtherProgram other(session->displayName());
-        RunningHotKeyProgram program(*session);
-        QCOMPARE(program.take("optionSpace"), assigned);
-        other.changeModifier(XCB_MAP_INDEX_3, numLockCode);
-        QVERIFY(session->display().typeKey(numLockKey));
-        QVERIFY(waitForPress(*session, program));
-    }
-
-    void superIsFollowedToAnotherModifier() {
-        const auto session = bareSession();
-        QVERIFY(session);
-        const OtherProgram other(session->displayName());
-        RunningHotKeyProgram program(*session);
-        QVERIFY(!isRefusal(program.take("commandSpace")));
-        other.changeModifier(XCB_MAP_INDEX_4, 0);
-        other.changeModifier(XCB_MAP_INDEX_3, leftSuperCode);
-        QVERIFY(waitForPress(*session, program, superKey));
-        QVERIFY(other.grabKey(spaceCode, XCB_MOD_MASK_4));
-    }
-
-    void aKeyboardWithoutTheModifierIsRefused() {
-        const auto session = bareSession();
-        QVERIFY(session);
-        const OtherProgram other(session->displayName());
-        other.changeModifier(XCB_MAP_INDEX_4, 0);
-        RunningHotKeyProgram program(*session);
-        QVERIFY(isRefusal(program.take("commandSpace")));
-        QVERIFY(other.grabKey(spaceCode, 0));
-    }
-
     void whatTheServiceDoesNotKnowIsRefused() {
         const auto session = bareSession();
         QVERIFY(session);
@@ -370,16 +262,6 @@ private Q_SLOTS:
         QCOMPARE(program.take("register 49 256"), QStringLiteral("refused"));
         QCOMPARE(program.take("register 49 512"), QStringLiteral("refused"));
         QCOMPARE(program.take("register 36 4096"), QStringLiteral("refused"));
-    }
-
-    void theSecondGroupOfALayoutWorks() {
-        const auto session = bareSession();
-        QVERIFY(session);
-        QVERIFY(switchToSecondGroup(*session));
-        RunningHotKeyProgram program(*session);
-        QCOMPARE(program.take("optionSpace"), assigned);
-        pressShortcut(*session);
-        QVERIFY(program.waitForCount(pressed, 1));
     }
 
     void withoutAnXServerTheShortcutIsRefused() {
@@ -408,29 +290,10 @@ private:
         QFETCH(QString, windowManager);
         return DesktopSession::start({.windowManager = windowManager});
     }
-    static std::unique_ptr<DesktopSession> bareSession() { return DesktopSession::start({.windowManager = {}}); }
-
     static bool waitForFocus(const DesktopSession& session, const QString& title) {
         return DesktopSession::waitFor([&] {
             const auto window = session.display().viewableWindow(title);
             return window && session.display().focusedWindow() == *window;
-        });
-    }
-    // Of a layout that has two.
-    static bool switchToSecondGroup(DesktopSession& session) {
-        QProcess& change =
-            session.startProgram(QStringLiteral("setxkbmap"), {QStringLiteral("us,ru"), QStringLiteral("-option"),
-                                                               QStringLiteral("grp:caps_toggle")});
-        const OtherProgram other(session.displayName());
-        return change.waitForFinished() && session.display().typeKey(nextGroupKey) &&
-               DesktopSession::waitFor([&] { return other.keyboardGroup() == 1; });
-    }
-    // Tries until the program has noticed what has changed.
-    static bool waitForPress(const DesktopSession& session, RunningHotKeyProgram& program,
-                             xcb_keysym_t modifier = altKey) {
-        return DesktopSession::waitFor([&] {
-            pressShortcut(session, modifier);
-            return program.count(pressed) > 0;
         });
     }
     static QList<std::uint16_t> variantsWithLocks(int modifiers) {
