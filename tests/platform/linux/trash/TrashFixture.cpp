@@ -99,7 +99,7 @@ QList<QByteArray> TrashFixture::move(const QList<QByteArray>& paths) const {
 QList<QByteArray> TrashFixture::moveAsItIs(const QList<QByteArray>& paths) const {
     QByteArray input;
     for (const QByteArray& path : paths)
-        input += path + '\0';
+        input += path.toPercentEncoding("/") + '\n';
     const auto output = run({QStringLiteral(ZELMO_TRASH_MOVER), QStringLiteral("--ordinary-user")}, input);
     return output ? output->trimmed().split('\n') : QList<QByteArray>();
 }
@@ -107,7 +107,7 @@ QList<QByteArray> TrashFixture::moveAsItIs(const QList<QByteArray>& paths) const
 std::optional<QByteArray> TrashFixture::run(const QStringList& command, const QByteArray& input) const {
     QProcess process;
     process.setProcessEnvironment(m_environment);
-    process.setWorkingDirectory(QStringLiteral("/"));
+    process.setWorkingDirectory(QString::fromUtf8(m_applications->path()));
     process.start(command.first(), command.mid(1));
     process.write(input);
     process.closeWriteChannel();

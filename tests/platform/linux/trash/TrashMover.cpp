@@ -1,6 +1,6 @@
 // trash-mover [--ordinary-user]
-// Moves each path of the standard input, which NUL bytes separate, to the Trash and prints what came of it. As an
-// ordinary user it does so without root's rights.
+// Moves the path in each line of the standard input, which may have bytes as %XX, to the Trash and prints what came of
+// it. As an ordinary user it does so without root's rights.
 
 #include "platform/linux/trash/XdgTrash.h"
 
@@ -27,8 +27,9 @@ int main(int argc, char* argv[]) {
     if (argc > 1 && std::strcmp(argv[1], "--ordinary-user") == 0 && !becomeOrdinaryUser())
         return 2;
     XdgTrash trash;
-    for (std::string path; std::getline(std::cin, path, '\0');) {
-        const TrashResult result = trash.moveToTrash(FileUrl::fromNativePath(QByteArray::fromStdString(path)));
+    for (std::string line; std::getline(std::cin, line);) {
+        const QByteArray path = QByteArray::fromPercentEncoding(QByteArray::fromStdString(line));
+        const TrashResult result = trash.moveToTrash(FileUrl::fromNativePath(path));
         std::puts(result == TrashResult::moved ? "moved" : "refused");
     }
     return 0;

@@ -58,7 +58,8 @@ pid_t startMover(const TrashFixture& fixture, const QByteArray& path) {
         _exit(127);
     }
     close(ends[0]);
-    const bool told = write(ends[1], path.constData(), static_cast<std::size_t>(path.size()) + 1) == path.size() + 1;
+    const QByteArray line = path + '\n';
+    const bool told = write(ends[1], line.constData(), static_cast<std::size_t>(line.size())) == line.size();
     close(ends[1]);
     return told ? child : -1;
 }

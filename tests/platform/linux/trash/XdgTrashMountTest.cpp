@@ -41,7 +41,7 @@ private Q_SLOTS:
         const auto output = runWithMounts(fixture, "mount -t tmpfs none \"$APPS/mount\"\n"
                                                    "chown 65534:65534 \"$APPS/mount\"\n"
                                                    "cp -a \"$APPS/Notes.app\" \"$APPS/mount\"\n"
-                                                   "printf '%s/mount/Notes.app\\0' \"$APPS\" | $MOVER\n"
+                                                   "printf '%s/mount/Notes.app\\n' \"$APPS\" | $MOVER\n"
                                                    "ls -A \"$APPS/mount\"");
         QCOMPARE(output.value_or("no output"), QByteArray("moved\n"));
         QCOMPARE(fixture.items().size(), 1);
@@ -57,7 +57,7 @@ private Q_SLOTS:
         const auto before = pictureOf(fixture.applications().path("store/Notes.app"));
         fixture.applications().makeFolders("mount");
         const auto output = runWithMounts(fixture, "mount --bind \"$APPS/store\" \"$APPS/mount\"\n"
-                                                   "printf '%s/mount/Notes.app\\0' \"$APPS\" | $MOVER\n"
+                                                   "printf '%s/mount/Notes.app\\n' \"$APPS\" | $MOVER\n"
                                                    "ls -A \"$APPS/mount\"");
         QCOMPARE(output.value_or("no output"), QByteArray("moved\n"));
         QCOMPARE(fixture.items().size(), 1);
@@ -75,8 +75,8 @@ private Q_SLOTS:
         const auto before = pictureOf(bundle);
         const auto output =
             runWithMounts(fixture, "mount --bind \"$APPS/documents\" \"$APPS/Notes.app/Contents/Empty\"\n"
-                                   "printf '%s/Notes.app\\0' \"$APPS\" | $MOVER\n"
-                                   "printf '%s/Notes.app/Contents/Empty\\0' \"$APPS\" | $MOVER\n");
+                                   "printf '%s/Notes.app\\n' \"$APPS\" | $MOVER\n"
+                                   "printf '%s/Notes.app/Contents/Empty\\n' \"$APPS\" | $MOVER\n");
         QCOMPARE(output.value_or("no output"), QByteArray("refused\nrefused\n"));
         QCOMPARE(pictureOf(bundle), before);
         QVERIFY(TemporaryFolder::exists(fixture.applications().path("documents/letter")));
@@ -90,7 +90,7 @@ private Q_SLOTS:
         const auto before = pictureOf(fixture.applications().path("store"));
         fixture.applications().makeFolders("mount");
         const auto output = runWithMounts(fixture, "mount --bind -o ro \"$APPS/store\" \"$APPS/mount\"\n"
-                                                   "printf '%s/mount/Notes.app\\0' \"$APPS\" | $MOVER\n");
+                                                   "printf '%s/mount/Notes.app\\n' \"$APPS\" | $MOVER\n");
         QCOMPARE(output.value_or("no output"), QByteArray("refused\n"));
         QCOMPARE(pictureOf(fixture.applications().path("store")), before);
         QCOMPARE(fixture.items(), QList<TrashedItem>());
