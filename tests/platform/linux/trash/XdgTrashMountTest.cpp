@@ -73,13 +73,17 @@ private Q_SLOTS:
         const QByteArray bundle = fixture.makeBundle("Notes.app");
         fixture.applications().writeFile("documents/letter", "letter");
         const auto before = pictureOf(bundle);
+        struct stat letter {};
+        QCOMPARE(stat(fixture.applications().path("documents/letter").constData(), &letter), 0);
+        const ino_t letterBefore = letter.st_ino;
         const auto output =
             runWithMounts(fixture, "mount --bind \"$APPS/documents\" \"$APPS/Notes.app/Contents/Empty\"\n"
                                    "printf '%s/Notes.app\\n' \"$APPS\" | $MOVER\n"
                                    "printf '%s/Notes.app/Contents/Empty\\n' \"$APPS\" | $MOVER\n");
         QCOMPARE(output.value_or("no output"), QByteArray("refused\nrefused\n"));
         QCOMPARE(pictureOf(bundle), before);
-        QVERIFY(TemporaryFolder::exists(fixture.applications().path("documents/letter")));
+        QCOMPARE(stat(fixture.applications().path("documents/letter").constData(), &letter), 0);
+        QVERIFY2(letter.st_ino == letterBefore, "it was removed and put back");
         QCOMPARE(fixture.items(), QList<TrashedItem>());
         QCOMPARE(fixture.leftovers(), QList<QByteArray>());
     }

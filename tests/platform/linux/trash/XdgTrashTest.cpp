@@ -46,6 +46,7 @@ private Q_SLOTS:
         QCOMPARE(items[0].originalPath, bundle);
         const QDateTime date = QDateTime::fromString(QString::fromLatin1(items[0].deletionDate), Qt::ISODate);
         QCOMPARE(items[0].deletionDate.size(), 19);
+        QCOMPARE(items[0].deletionDate[10], 'T');
         QVERIFY2(date >= start && date <= QDateTime::currentDateTime(), items[0].deletionDate.constData());
         QCOMPARE(pictureOf(fixture.trashed("Notes.app")), before);
         QCOMPARE(fixture.leftovers(), QList<QByteArray>());
