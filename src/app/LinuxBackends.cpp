@@ -28,7 +28,9 @@ std::unique_ptr<X11Connection> openConnection() {
 LinuxBackends::LinuxBackends()
     : preferencesFile(PlistPreferencesFile::standardFile()), connection(openConnection()),
       startupNotifier(connection.get()), workspace(connection.get(), identifier),
-      launcher(bundleReader, startupNotifier, {updateDelayVariable}), iconSource(makeIconThemeIndex()) {}
+      launcher(bundleReader, startupNotifier, {updateDelayVariable}), iconSource(makeIconThemeIndex()) {
+    presence.setChangeHandler([this] { workspace.setUserPresent(presence.isPresent()); });
+}
 
 AppScanner LinuxBackends::makeScanner() {
     const FileUrl home = FileUrl::fromNativePath(QFile::encodeName(QDir::homePath()));

@@ -7,6 +7,7 @@
 #include "platform/linux/launching/GioLauncher.h"
 #include "platform/linux/propertylist/PlistBundleReader.h"
 #include "platform/linux/propertylist/PlistPreferencesFile.h"
+#include "platform/linux/session/DBusSessionPresence.h"
 #include "platform/linux/trash/XdgTrash.h"
 #include "platform/linux/x11/X11HotKeyService.h"
 #include "platform/linux/x11/X11KeyboardBuffer.h"
@@ -32,6 +33,7 @@ struct LinuxBackends {
     std::unique_ptr<X11Connection> connection; // null where there is no X server
     X11StartupNotifier startupNotifier;
     X11Workspace workspace;
+    DBusSessionPresence presence;
     GioLauncher launcher;
     XdgTrash trash;
     InotifyFolderWatcher folderWatcher;

@@ -51,5 +51,8 @@ int main(int argc, char* argv[]) {
     hotKeyController.configure();
     // The scan is queued already and runs beside the loading of the wall.
     QMetaObject::invokeMethod(&store, &LauncherStore::showOverlay, Qt::QueuedConnection);
+    // Of no use before the wall is up, and the buses may be slow.
+    QMetaObject::invokeMethod(
+        &application, [&backends] { backends.presence.start(); }, Qt::QueuedConnection);
     return QGuiApplication::exec();
 }

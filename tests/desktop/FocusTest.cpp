@@ -2,6 +2,8 @@
 #include "desktop/WallOnScreen.h"
 #include "platform/linux/propertylist/PlistPreferencesFile.h"
 
+#include <QDBusConnection>
+#include <QDBusMessage>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QStandardPaths>
@@ -108,6 +110,44 @@ private Q_SLOTS:
         QVERIFY(isNear(programs.storedRecords().value(programs.bundlePath()).activeSeconds, editorSeconds));
         QCOMPARE(programs.storedRecords().size(), 2);
         QCOMPARE(programs.storedRecords().value(programs.entryPath()).launchCount, 0);
+    }
+
+    void timeWithALockedScreenIsNobodys() {
+        const TwoPrograms programs(QStringLiteral("openbox"));
+        QVERIFY(programs.session);
+        QDBusConnection bus = QDBusConnection::connectToBus(
+            programs.session->environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")), QStringLiteral("lock"));
+        QVERIFY(bus.registerService(QStringLiteral("org.freedesktop.ScreenSaver")));
+        const auto setLocked = [&](bool isLocked) {
+            QDBusMessage signal = QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/ScreenSaver"),
+                                                             QStringLiteral("org.freedesktop.ScreenSaver"),
+                                                             QStringLiteral("ActiveChanged"));
+            signal << isLocked;
+            return bus.send(signal);
+        };
+        const WallOnScreen wall(*programs.session);
+        QVERIFY(wall.waitForCards(2));
+        QVERIFY(wall.hide());
+        QVERIFY(programs.startCalculator());
+        QElapsedTimer time;
+        time.start();
+        QTest::qWait(1500);
+        QVERIFY(setLocked(true));
+        const double before = static_cast<double>(time.elapsed()) / 1000;
+        // Locking stores what was used until then.
+        const auto credited = [&] { return programs.storedRecords().value(programs.entryPath()).activeSeconds; };
+        QVERIFY(DesktopSession::waitFor([&] { return credited() > 0; }));
+        QVERIFY(std::abs(credited() - before) < 0.7);
+        QTest::qWait(2500);
+        QVERIFY(setLocked(false));
+        time.restart();
+        QTest::qWait(1200);
+        wall.pressShortcut();
+        QVERIFY(wall.waitUntilShown());
+        const double after = static_cast<double>(time.elapsed()) / 1000;
+        QVERIFY(DesktopSession::waitFor([&] { return credited() > before + 0.7; }));
+        QVERIFY(std::abs(credited() - before - after) < 0.7);
+        QDBusConnection::disconnectFromBus(QStringLiteral("lock"));
     }
 
     void withoutAWindowManagerNothingIsTimed() {
