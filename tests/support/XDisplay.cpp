@@ -131,7 +131,8 @@ bool XDisplay::typeKey(xcb_keysym_t symbol) const {
 std::optional<xcb_window_t> XDisplay::activeWindow() const {
     const QByteArray value = property(root(), "_NET_ACTIVE_WINDOW");
     xcb_window_t window = XCB_WINDOW_NONE;
-    if (value.size() == sizeof window)
+    // Some window managers add a second number, which means nothing.
+    if (value.size() >= static_cast<qsizetype>(sizeof window))
         std::memcpy(&window, value.constData(), sizeof window);
     return window == XCB_WINDOW_NONE ? std::nullopt : std::optional(window);
 }
