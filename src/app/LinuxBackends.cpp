@@ -4,10 +4,10 @@
 #include "catalog/BundleSource.h"
 #include "platform/linux/freedesktop/DesktopEntrySource.h"
 #include "platform/linux/icons/IconThemeName.h"
+#include "platform/linux/x11/QtX11Connection.h"
 
 #include <QDir>
 #include <QFile>
-#include <QGuiApplication>
 
 namespace zelmo {
 
@@ -20,22 +20,25 @@ std::unique_ptr<IconThemeIndex> makeIconThemeIndex() {
 
 // Only beside windows of the same server: drawn elsewhere, the wall has nothing to do with its windows.
 std::unique_ptr<X11Connection> openConnection() {
-    return qGuiApp->nativeInterface<QNativeInterface::QX11Application>() ? X11Connection::open() : nullptr;
+    return QtX11Connection::current() ? X11Connection::open() : nullptr;
+}
+
+QList<FileUrl> bundleFolders() {
+    return BundleSource::standardRoots(FileUrl::fromNativePath(QFile::encodeName(QDir::homePath())));
 }
 
 } // namespace
 
 LinuxBackends::LinuxBackends()
-    : preferencesFile(PlistPreferencesFile::standardFile()), connection(openConnection()),
+    : preferencesFile(PlistPreferencesFile::standardFile()), identifier(bundleFolders()), connection(openConnection()),
       startupNotifier(connection.get()), workspace(connection.get(), identifier),
       launcher(bundleReader, startupNotifier, {updateDelayVariable}), iconSource(makeIconThemeIndex()) {
     presence.setChangeHandler([this] { workspace.setUserPresent(presence.isPresent()); });
 }
 
 AppScanner LinuxBackends::makeScanner() {
-    const FileUrl home = FileUrl::fromNativePath(QFile::encodeName(QDir::homePath()));
     std::vector<std::unique_ptr<ApplicationSource>> sources;
-    sources.push_back(std::make_unique<BundleSource>(BundleSource::standardRoots(home), bundleReader));
+    sources.push_back(std::make_unique<BundleSource>(bundleFolders(), bundleReader));
     sources.push_back(
         std::make_unique<DesktopEntrySource>(DesktopEntrySettings::fromEnvironment(), [this](ApplicationIndex index) {
             identifier.setIndex(std::move(index));

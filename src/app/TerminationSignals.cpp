@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
@@ -20,15 +21,22 @@ int openPipe() {
 }
 
 extern "C" void noteSignal(int) {
+    const int before = errno;
     const char byte = 0;
     [[maybe_unused]] const ssize_t written = write(signalPipe[1], &byte, 1);
+    errno = before;
 }
 
 } // namespace
 
 // A handler rather than a blocked signal: a blocked one would be inherited by every launched program.
 TerminationSignals::TerminationSignals() : m_descriptor(openPipe()), m_notifier(m_descriptor, QSocketNotifier::Read) {
-    QObject::connect(&m_notifier, &QSocketNotifier::activated, [] { QCoreApplication::quit(); });
+    QObject::connect(&m_notifier, &QSocketNotifier::activated, [] {
+        std::array<char, 16> bytes{};
+        while (read(signalPipe[0], bytes.data(), bytes.size()) > 0) {
+        }
+        QCoreApplication::quit();
+    });
     struct sigaction action {};
     action.sa_handler = noteSignal;
     action.sa_flags = SA_RESTART;

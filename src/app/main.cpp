@@ -16,8 +16,9 @@
 int main(int argc, char* argv[]) {
     using namespace zelmo;
 
-    const FontWarmUp fonts;
+    // Before there is another thread: it changes the environment.
     chooseRenderer();
+    const FontWarmUp fonts;
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Zelmo"));
     QGuiApplication::setDesktopFileName(QStringLiteral("org.zelmo.Zelmo"));

@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <cmath>
+#include <limits>
 
 namespace zelmo {
 
@@ -61,7 +62,8 @@ void AppUsage::flushActiveAppUsage() {
 
 void AppUsage::recordLaunch(const LaunchableApp& app) {
     AppUsageRecord& record = m_records[app.url.path()];
-    ++record.launchCount;
+    if (record.launchCount < std::numeric_limits<std::int64_t>::max())
+        ++record.launchCount;
     record.lastLaunchedAt = m_clocks.now();
     saveUsageRecords();
 }

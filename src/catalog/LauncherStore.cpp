@@ -13,6 +13,7 @@
 #include "preferences/Preferences.h"
 
 #include <QCoreApplication>
+#include <QScopedValueRollback>
 
 namespace zelmo {
 
@@ -122,6 +123,8 @@ void LauncherStore::toggleSelection(const LaunchableApp& app) {
 }
 
 void LauncherStore::showOverlay() {
+    if (m_isUninstalling)
+        return;
     if (!m_overlay)
         m_overlay = m_services.makeOverlay(*this);
     if (!m_overlayIsVisible) {
@@ -135,6 +138,8 @@ void LauncherStore::showOverlay() {
 }
 
 void LauncherStore::toggleOverlay() {
+    if (m_isUninstalling)
+        return;
     if (!m_overlayIsVisible) {
         showOverlay();
         return;
@@ -181,8 +186,10 @@ void LauncherStore::restoreHiddenApps() {
 }
 
 void LauncherStore::uninstallApps(const QList<LaunchableApp>& list) {
-    if (list.isEmpty())
+    // The alerts and the Trash let events be handled meanwhile.
+    if (list.isEmpty() || m_isUninstalling)
         return;
+    const QScopedValueRollback guard(m_isUninstalling, true);
     QStringList names;
     for (const LaunchableApp& app : list)
         names.append(app.name);

@@ -89,6 +89,7 @@ public:
 
     Q_INVOKABLE void toggleSelection(const zelmo::LaunchableApp& app);
 
+    // While the user is asked about uninstalling, nothing shows, toggles or asks again.
     void showOverlay();
     // Hides without giving the focus to anyone: who toggles may be about to do something else.
     void toggleOverlay();
@@ -144,6 +145,7 @@ private:
     bool m_isEditingApps = false;
     QSet<FileUrl> m_selectedAppIDs;
     int m_changeDuration = 0;
+    bool m_isUninstalling = false;
     std::unique_ptr<Overlay> m_overlay;
     std::optional<RunningApplication> m_previousFrontmostApp;
     AppUsage m_usage;

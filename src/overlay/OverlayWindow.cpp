@@ -20,4 +20,11 @@ void OverlayWindow::keyPressEvent(QKeyEvent* event) {
     event->accept();
 }
 
+void OverlayWindow::closeEvent(QCloseEvent* event) {
+    if (onClose)
+        onClose();
+    // Not refused: the end of the program and of the session close all windows, and would be called off.
+    QQuickView::closeEvent(event);
+}
+
 } // namespace zelmo

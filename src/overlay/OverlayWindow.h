@@ -16,9 +16,12 @@ public:
 
     // Called for Escape, which never reaches the content.
     std::function<void()> onEscape;
+    // Called before the window closes, as by the window manager's menu.
+    std::function<void()> onClose;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 };
 
 } // namespace zelmo

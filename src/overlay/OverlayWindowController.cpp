@@ -12,6 +12,7 @@ namespace zelmo {
 OverlayWindowController::OverlayWindowController(LauncherStore& store, OverlayServices services)
     : m_services(std::move(services)), m_window(std::make_unique<OverlayWindow>()) {
     m_window->onEscape = [&store] { store.hideOverlay(); };
+    m_window->onClose = m_window->onEscape;
 }
 
 OverlayWindowController::~OverlayWindowController() = default;

@@ -11,7 +11,9 @@ CardGrid::CardGrid() {
     connect(this, &CardGrid::layoutChanged, this, &QQuickItem::polish);
     m_transition.setStartValue(0.0);
     m_transition.setEndValue(1.0);
-    m_transition.setEasingCurve(QEasingCurve::InOutCubic);
+    QEasingCurve easeInOut(QEasingCurve::BezierSpline);
+    easeInOut.addCubicBezierSegment({0.42, 0}, {0.58, 1}, {1, 1});
+    m_transition.setEasingCurve(easeInOut);
     connect(&m_transition, &QVariantAnimation::valueChanged, this,
             [this](const QVariant& progress) { showTransition(progress.toDouble()); });
     connect(&m_transition, &QVariantAnimation::finished, this, &CardGrid::endTransition);

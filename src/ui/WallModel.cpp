@@ -23,6 +23,11 @@ WallModel::WallModel(const LauncherStore& store) : m_store(store), m_apps(store.
     connect(&store, &LauncherStore::selectedCategoryChanged, this, &WallModel::update);
     connect(&store, &LauncherStore::showsMostUsedChanged, this, &WallModel::update);
     connect(&store, &LauncherStore::searchTextChanged, this, &WallModel::update);
+    // The use of applications changes while the wall is away.
+    connect(&store, &LauncherStore::overlayIsVisibleChanged, this, [this] {
+        if (m_store.overlayIsVisible())
+            update();
+    });
     connect(&store, &LauncherStore::selectedAppIDsChanged, this, &WallModel::announceSelection);
 }
 

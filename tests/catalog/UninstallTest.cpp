@@ -153,14 +153,32 @@ private Q_SLOTS:
         QCOMPARE(fixture.alerts.shown[1].message, QStringLiteral("Could not uninstall 2 apps"));
     }
 
-    void whenNothingWasMovedTheListsAreStoredAllTheSame() {
+    void whenNothingWasMovedNothingIsForgotten() {
         Fixture fixture;
-        fixture.storage.values.clear();
         fixture.trash.refused = {path("Mail")};
         fixture.select({"Mail"});
         fixture.store->hideSelectedAppsFromLauncher();
         QCOMPARE(fixture.store->apps().size(), 3);
         QVERIFY(fixture.store->isEditingApps());
+        QCOMPARE(fixture.storedHidden(), QStringList{path("Old")});
+        QCOMPARE(fixture.storedUsed().size(), 3);
+    }
+
+    void nothingShowsTogglesOrAsksWhileTheUserIsAsked() {
+        Fixture fixture;
+        fixture.store->showOverlay();
+        fixture.select({"Chess"});
+        fixture.alerts.meanwhile = [&] {
+            fixture.store->toggleOverlay();
+            fixture.store->showOverlay();
+            fixture.store->hideSelectedAppsFromLauncher();
+        };
+        fixture.store->hideSelectedAppsFromLauncher();
+        QCOMPARE(fixture.log, (QStringList{QStringLiteral("show"), QStringLiteral("alert Uninstall Chess?"),
+                                           u"trash " + path("Chess")}));
+        QVERIFY(fixture.store->overlayIsVisible());
+        fixture.store->toggleOverlay();
+        QVERIFY(!fixture.store->overlayIsVisible());
     }
 
     void editModeEndsWhenNothingIsLeftInSight() {

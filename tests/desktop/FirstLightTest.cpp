@@ -2,8 +2,6 @@
 
 #include <QDir>
 
-#include <csignal>
-
 using namespace zelmo::test;
 
 class FirstLightTest : public QObject {
@@ -72,14 +70,14 @@ private Q_SLOTS:
         for (const char* name : {"Alpha", "Beta", "Gamma"})
             session->installEntry(QString::fromLatin1(name));
         // A window manager that sleeps lets no window appear.
-        kill(static_cast<pid_t>(session->windowManagerProcess()), SIGSTOP);
+        session->stopWindowManager();
         const WallOnScreen wall(*session);
         QVERIFY(DesktopSession::waitFor([&] { return session->display().keyboardIsGrabbed(); }));
         QVERIFY(session->display().typeText(QStringLiteral("Bet")));
         if (longerThanHeld)
             QVERIFY(DesktopSession::waitFor([&] { return !session->display().keyboardIsGrabbed(); }));
         QVERIFY(!session->display().viewableWindow(QStringLiteral("Zelmo")));
-        kill(static_cast<pid_t>(session->windowManagerProcess()), SIGCONT);
+        session->continueWindowManager();
         QVERIFY(wall.waitForCards(1));
         session->display().click(cardCenter(*session, 0));
         QVERIFY(DesktopSession::waitFor([&] { return !session->launched().isEmpty(); }));
@@ -103,6 +101,18 @@ private Q_SLOTS:
         QVERIFY(session->display().typeKey(escapeKey));
         QVERIFY(wall.waitUntilGone());
         QVERIFY(session->launched().isEmpty());
+    }
+
+    void closingTheWindowHidesTheWall() {
+        const auto session = DesktopSession::start();
+        QVERIFY(session);
+        const WallOnScreen wall(*session);
+        QVERIFY(wall.waitUntilShown());
+        session->display().close(*session->display().viewableWindow(QStringLiteral("Zelmo")));
+        QVERIFY(wall.waitUntilGone());
+        // It knows that it is hidden: one press shows it again.
+        wall.pressShortcut(altKey);
+        QVERIFY(wall.waitUntilShown());
     }
 
     void anApplicationInstalledMeanwhileAppearsByItself() {

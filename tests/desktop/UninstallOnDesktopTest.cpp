@@ -166,6 +166,24 @@ private Q_SLOTS:
         QCOMPARE(wall.process.exitStatus(), QProcess::NormalExit);
         QCOMPARE(wall.process.exitCode(), 0);
         QVERIFY(bundles.trashed().isEmpty());
+        QVERIFY(bundles.storedHidden().isEmpty());
+    }
+
+    void theShortcutDoesNothingWhileItAsks() {
+        const FourBundles bundles(DesktopUser::same);
+        QVERIFY(bundles.session);
+        const WallOnScreen wall(*bundles.session);
+        QVERIFY(wall.waitForCards(4));
+        QVERIFY(bundles.selectThree());
+        bundles.session->display().click(uninstallButton);
+        QVERIFY(bundles.waitForTitle("Uninstall 3 apps?"));
+        wall.pressShortcut(altKey);
+        QVERIFY(bundles.session->display().typeKey(escapeKey));
+        QVERIFY(bundles.waitForNoTitle("Uninstall 3 apps?"));
+        QVERIFY(wall.waitForCards(4));
+        // Everything is as it was.
+        bundles.session->display().click(uninstallButton);
+        QVERIFY(bundles.waitForTitle("Uninstall 3 apps?"));
     }
 
 private:

@@ -77,11 +77,14 @@ public:
     qsizetype runModal(const Alert& alert) override {
         m_log.append(u"alert " + alert.message);
         shown.append(alert);
+        if (meanwhile)
+            meanwhile();
         return answer;
     }
 
     QList<Alert> shown;
     qsizetype answer = 0;
+    std::function<void()> meanwhile; // while the alert is shown
 
 private:
     QStringList& m_log;

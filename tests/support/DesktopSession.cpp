@@ -103,6 +103,21 @@ DesktopSession::~DesktopSession() {
     }
 }
 
+void DesktopSession::stopWindowManager() const {
+    const auto process = static_cast<pid_t>(m_windowManager->processId());
+    kill(process, SIGSTOP);
+    // Stopped while it has the server to itself, it would stop everyone.
+    while (!m_display->serverAnswers()) {
+        kill(process, SIGCONT);
+        m_display->synchronize();
+        kill(process, SIGSTOP);
+    }
+}
+
+void DesktopSession::continueWindowManager() const {
+    kill(static_cast<pid_t>(m_windowManager->processId()), SIGCONT);
+}
+
 void DesktopSession::writeFile(const QString& path, const QByteArray& contents) const {
     const QString whole = home() + u'/' + path;
     QDir().mkpath(QFileInfo(whole).path());

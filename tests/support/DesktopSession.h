@@ -40,7 +40,9 @@ public:
     QString displayName() const { return m_displayName; }
     QString home() const { return m_home.path(); }
     QString windowManagerName() const { return m_windowManagerName; }
-    qint64 windowManagerProcess() const { return m_windowManager ? m_windowManager->processId() : 0; }
+    // The window manager sleeps until it is woken, in a moment in which nobody waits for it.
+    void stopWindowManager() const;
+    void continueWindowManager() const;
     // For programs on this desktop.
     QProcessEnvironment environment() const { return m_environment; }
 

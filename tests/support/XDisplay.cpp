@@ -1,5 +1,8 @@
 #include "support/XDisplay.h"
 
+#include <QElapsedTimer>
+#include <QThread>
+
 #include <cstdlib>
 #include <vector>
 #include <xcb/xtest.h>
@@ -143,12 +146,20 @@ QString XDisplay::activeClass() const {
 }
 
 void XDisplay::activate(xcb_window_t window) const {
+    sendToWindowManager(window, "_NET_ACTIVE_WINDOW", 2);
+}
+
+void XDisplay::close(xcb_window_t window) const {
+    sendToWindowManager(window, "_NET_CLOSE_WINDOW", XCB_CURRENT_TIME);
+}
+
+void XDisplay::sendToWindowManager(xcb_window_t window, const QByteArray& type, std::uint32_t first) const {
     xcb_client_message_event_t message{};
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
     message.window = window;
-    message.type = atomNamed(m_connection, "_NET_ACTIVE_WINDOW");
-    message.data.data32[0] = 2;
+    message.type = atomNamed(m_connection, type);
+    message.data.data32[0] = first;
     xcb_send_event(m_connection, 0, root(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char*>(&message));
     synchronize();
@@ -229,6 +240,25 @@ void XDisplay::click(QPoint position) const {
     xcb_test_fake_input(m_connection, XCB_BUTTON_PRESS, 1, XCB_CURRENT_TIME, root(), 0, 0, 0);
     xcb_test_fake_input(m_connection, XCB_BUTTON_RELEASE, 1, XCB_CURRENT_TIME, root(), 0, 0, 0);
     synchronize();
+}
+
+bool XDisplay::serverAnswers() const {
+    const auto cookie = xcb_get_input_focus(m_connection);
+    xcb_flush(m_connection);
+    QElapsedTimer time;
+    time.start();
+    while (!time.hasExpired(500)) {
+        void* reply = nullptr;
+        xcb_generic_error_t* error = nullptr;
+        if (xcb_poll_for_reply(m_connection, cookie.sequence, &reply, &error)) {
+            std::free(reply);
+            std::free(error);
+            return true;
+        }
+        QThread::msleep(1);
+    }
+    xcb_discard_reply(m_connection, cookie.sequence);
+    return false;
 }
 
 void XDisplay::synchronize() const {

@@ -37,6 +37,8 @@ public:
     QString activeClass() const;
     // Asks the window manager for it, as a task bar does.
     void activate(xcb_window_t window) const;
+    // Asks the window manager to close it, as its menu does.
+    void close(xcb_window_t window) const;
     // From now on, the windows that programs ask the window manager to activate are noted.
     void watchActivationRequests() const;
     QList<xcb_window_t> activationRequests() const;
@@ -50,6 +52,8 @@ public:
     bool releaseKey(xcb_keysym_t symbol) const;
     void movePointer(QPoint position) const;
     void click(QPoint position) const;
+    // Whether the server answers within half a second. It does not while another program has it to itself.
+    bool serverAnswers() const;
     // Returns when the server has done all that was asked before.
     void synchronize() const;
 
@@ -61,6 +65,7 @@ private:
     // The first key with the symbol on this level, or 0.
     xcb_keycode_t keyFor(xcb_keysym_t symbol, int level) const;
     void sendKey(xcb_keycode_t code, bool press) const;
+    void sendToWindowManager(xcb_window_t window, const QByteArray& type, std::uint32_t first) const;
     QByteArray property(xcb_window_t window, const QByteArray& name) const;
 
     xcb_connection_t* m_connection;

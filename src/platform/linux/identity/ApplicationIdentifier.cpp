@@ -1,6 +1,7 @@
 #include "platform/linux/identity/ApplicationIdentifier.h"
 
 #include <array>
+#include <filesystem>
 
 namespace zelmo {
 
@@ -70,6 +71,9 @@ const IndexedApplication* findEntry(const ApplicationIndex& index, const WindowF
 
 } // namespace
 
+ApplicationIdentifier::ApplicationIdentifier(QList<FileUrl> bundleFolders)
+    : m_bundleFolders(std::move(bundleFolders)) {}
+
 void ApplicationIdentifier::setIndex(ApplicationIndex index) {
     auto fresh = std::make_shared<const ApplicationIndex>(std::move(index));
     {
@@ -80,13 +84,28 @@ void ApplicationIdentifier::setIndex(ApplicationIndex index) {
 }
 
 std::optional<FileUrl> ApplicationIdentifier::identify(const WindowFacts& window, const ProcessFacts& process) const {
-    for (const QByteArray& file : {process.executable, process.script}) {
-        if (auto bundle = bundleAround(file))
-            return bundle;
+    std::optional<FileUrl> bundle = bundleAround(process.executable);
+    if (!bundle)
+        bundle = bundleAround(process.script);
+    if (bundle) {
+        if (auto listed = listedBundle(*bundle))
+            return listed;
     }
     const std::shared_ptr<const ApplicationIndex> entries = index();
     const IndexedApplication* entry = findEntry(*entries, window, process);
-    return entry ? std::optional(entry->url) : std::nullopt;
+    return entry ? std::optional(entry->url) : bundle;
+}
+
+std::optional<FileUrl> ApplicationIdentifier::listedBundle(const FileUrl& bundle) const {
+    const std::string path = bundle.nativePath().toStdString();
+    for (const FileUrl& folder : m_bundleFolders) {
+        const std::string listed = folder.nativePath().toStdString() + '/';
+        std::error_code error;
+        const std::string real = std::filesystem::canonical(listed, error).native() + '/';
+        if (!error && path.starts_with(real))
+            return FileUrl::fromNativePath(QByteArray::fromStdString(listed + path.substr(real.size())));
+    }
+    return std::nullopt;
 }
 
 std::shared_ptr<const ApplicationIndex> ApplicationIdentifier::index() const {

@@ -19,13 +19,17 @@ struct WindowFacts {
     QList<QByteArray> applicationIds;
 };
 
-// Tells which application a window belongs to: the bundle around its executable, else a listed desktop entry, by
-// one piece of evidence after the other, the strongest first. The list of entries may be replaced on any thread;
-// everything else is for the main thread.
+// Tells which application a window belongs to: the listed bundle around its executable, else a listed desktop entry,
+// by one piece of evidence after the other, the strongest first, else whatever bundle is around its executable. The
+// list of entries may be replaced on any thread; everything else is for the main thread.
 class ApplicationIdentifier : public QObject {
     Q_OBJECT
 
 public:
+    // In these folders the bundles are that the program lists; a path in one of them is given as it is listed, also
+    // when the folder is reached through a link.
+    explicit ApplicationIdentifier(QList<FileUrl> bundleFolders = {});
+
     void setIndex(ApplicationIndex index);
 
     std::optional<FileUrl> identify(const WindowFacts& window, const ProcessFacts& process) const;
@@ -37,6 +41,9 @@ Q_SIGNALS:
 private:
     std::shared_ptr<const ApplicationIndex> index() const;
 
+    std::optional<FileUrl> listedBundle(const FileUrl& bundle) const;
+
+    QList<FileUrl> m_bundleFolders;
     mutable QMutex m_lock;
     std::shared_ptr<const ApplicationIndex> m_index = std::make_shared<const ApplicationIndex>();
 };

@@ -20,6 +20,10 @@ QByteArray fileAt(const QByteArray& path) {
     return contents.status == FileReadStatus::read ? std::move(contents.bytes) : QByteArray();
 }
 
+QByteArray fileName(const QByteArray& path) {
+    return path.mid(path.lastIndexOf('/') + 1);
+}
+
 QByteArray linkAt(const QByteArray& path) {
     std::array<char, PATH_MAX> target{};
     const ssize_t length = readlink(path.constData(), target.data(), target.size());
@@ -29,6 +33,21 @@ QByteArray linkAt(const QByteArray& path) {
     if (file.endsWith(deleted))
         file.chop(deleted.size());
     return file;
+}
+
+// The file name of the program that a script's first line asks for; empty for what is no script.
+QByteArray interpreterOf(const QByteArray& script) {
+    const QByteArray contents = fileAt(script);
+    if (!contents.startsWith("#!"))
+        return {};
+    const QList<QByteArray> words = contents.mid(2, contents.indexOf('\n') - 2).simplified().split(' ');
+    return fileName(words[0]) == "env" ? fileName(words.value(1)) : fileName(words[0]);
+}
+
+// The interpreter may be named by a link, as "python3" is one to "python3.11" and "sh" to "dash".
+bool isInterpretedBy(const QByteArray& script, const QByteArray& executable, const QByteArray& calledName) {
+    const QByteArray interpreter = interpreterOf(script);
+    return !interpreter.isEmpty() && (fileName(calledName) == interpreter || fileName(executable) == interpreter);
 }
 
 QByteArray variable(const QByteArray& environment, QByteArrayView name) {
@@ -73,7 +92,8 @@ ProcessFacts ProcessFacts::read(std::int64_t process, const QByteArray& processe
     const QByteArray folder = processes + '/' + QByteArray::number(static_cast<qint64>(process));
     ProcessFacts facts{.executable = linkAt(folder + "/exe"), .script = {}, .launchedEntry = {}, .sandboxEntryId = {}};
     const QList<QByteArray> arguments = fileAt(folder + "/cmdline").split('\0');
-    if (arguments.size() > 1 && arguments[1].startsWith('/'))
+    if (arguments.size() > 1 && arguments[1].startsWith('/') &&
+        isInterpretedBy(arguments[1], facts.executable, arguments[0]))
         facts.script = arguments[1];
     facts.launchedEntry = launchedEntryOf(fileAt(folder + "/environ"), process);
     facts.sandboxEntryId = flatpakEntryId(fileAt(folder + "/root/.flatpak-info"));

@@ -9,7 +9,7 @@ namespace zelmo {
 // What the system tells about a process. Whatever can't be read, as of another user's process, is empty.
 struct ProcessFacts {
     QByteArray executable; // the file that runs, links resolved
-    QByteArray script;     // the first argument when it is an absolute path, as it is for an interpreter's script
+    QByteArray script;     // what the executable interprets, when it is a script that names it as its interpreter
     // The desktop entry that this very process was started from, by the mark that launchers leave. One that the
     // process inherited, as everything that is started in a terminal does, does not count.
     QByteArray launchedEntry;

@@ -3,6 +3,9 @@
 #include "platform/linux/trash/CopiedTree.h"
 #include "platform/linux/trash/IncomingItem.h"
 
+#include <QEventLoop>
+#include <QThread>
+
 #include <memory>
 
 #include <gio/gio.h>
@@ -25,7 +28,19 @@ bool canBeCopiedInstead(const GError* error) {
 } // namespace
 
 TrashResult XdgTrash::moveToTrash(const FileUrl& item) {
-    const QByteArray path = item.nativePath();
+    TrashResult result = TrashResult::refused;
+    const std::unique_ptr<QThread> worker(
+        QThread::create([&result, path = item.nativePath()] { result = move(path); }));
+    QEventLoop loop;
+    QObject::connect(worker.get(), &QThread::finished, &loop, &QEventLoop::quit);
+    worker->start();
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    // The loop may have ended with the program; what was begun is brought to its end.
+    worker->wait();
+    return result;
+}
+
+TrashResult XdgTrash::move(const QByteArray& path) {
     // What follows a zero byte would be left out on the way to the system, which would then move something else.
     if (!path.startsWith('/') || path.contains('\0'))
         return TrashResult::refused;

@@ -55,7 +55,10 @@ X11Workspace::X11Workspace(X11Connection* connection, const ApplicationIdentifie
     watch(*m_connection, m_connection->root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
     watchWindowManager();
     connect(m_connection, &X11Connection::arrived, this, &X11Workspace::noteEvent);
-    connect(&m_identifier, &ApplicationIdentifier::indexChanged, this, &X11Workspace::announce);
+    connect(&m_identifier, &ApplicationIdentifier::indexChanged, this, [this] {
+        m_lastIdentity = {};
+        announce();
+    });
 }
 
 std::optional<RunningApplication> X11Workspace::frontmostApplication() const {
@@ -67,8 +70,7 @@ std::optional<RunningApplication> X11Workspace::frontmostApplication() const {
         return std::nullopt;
     RunningApplication application{.processIdentifier = processOf(*window), .bundleUrl = {}, .window = *window};
     if (isManaged && application.processIdentifier != 0)
-        application.bundleUrl =
-            m_identifier.identify(factsOf(*window), ProcessFacts::read(application.processIdentifier));
+        application.bundleUrl = applicationOf(*window, application.processIdentifier);
     return application;
 }
 
@@ -160,7 +162,8 @@ std::optional<xcb_window_t> X11Workspace::windowWithKeyboard() const {
 
 std::int64_t X11Workspace::processOf(xcb_window_t window) const {
     // Of a window that was sent here from another machine, the process is none of this one's.
-    const QByteArray machine = m_connection->property(window, QByteArrayLiteral("WM_CLIENT_MACHINE"), 8);
+    const QByteArray machine =
+        m_connection->property(window, QByteArrayLiteral("WM_CLIENT_MACHINE"), 8).split('\0').first();
     if (!machine.isEmpty() && machine != QSysInfo::machineHostName().toLocal8Bit())
         return 0;
     // What the window says may be missing, or be a number that only counts inside a sandbox.
@@ -178,7 +181,20 @@ WindowFacts X11Workspace::factsOf(xcb_window_t window) const {
                                m_connection->property(window, QByteArrayLiteral("_KDE_NET_WM_DESKTOP_FILE"), 8)}};
 }
 
-bool X11Workspace::exists(xcb_window_t window) const {
+std::optional<FileUrl> X11Workspace::applicationOf(xcb_window_t window, std::int64_t process) const {
+    if (m_lastIdentity.window != window || m_lastIdentity.process != process)
+        m_lastIdentity = {.window = window,
+                          .process = process,
+                          .application = m_identifier.identify(factsOf(window), ProcessFacts::read(process))};
+    return m_lastIdentity.application;
+}
+
+// One that its program has only hidden is still there, but not among those that the window manager looks after.
+bool X11Workspace::isOpen(xcb_window_t window) const {
+    const QList<std::uint32_t> managed =
+        m_connection->numbers(m_connection->root(), QByteArrayLiteral("_NET_CLIENT_LIST_STACKING"));
+    if (!managed.isEmpty())
+        return managed.contains(window);
     xcb_connection_t* connection = m_connection->get();
     return XcbReply<xcb_get_window_attributes_reply_t>(xcb_get_window_attributes_reply(
                connection, xcb_get_window_attributes(connection, window), nullptr)) != nullptr;
@@ -191,7 +207,7 @@ std::optional<xcb_window_t> X11Workspace::windowToActivate(const RunningApplicat
         return application.processIdentifier == 0 || processOf(candidate) == application.processIdentifier;
     };
     // The number of a window that was closed may be another program's by now.
-    if (exists(window) && belongsToIt(window))
+    if (isOpen(window) && belongsToIt(window))
         return window;
     if (application.processIdentifier == 0)
         return std::nullopt;

@@ -38,11 +38,21 @@ private:
     std::optional<xcb_window_t> windowWithKeyboard() const;
     std::int64_t processOf(xcb_window_t window) const;
     WindowFacts factsOf(xcb_window_t window) const;
-    bool exists(xcb_window_t window) const;
     std::optional<xcb_window_t> windowToActivate(const RunningApplication& application) const;
     void giveKeyboard(xcb_window_t window);
 
+    // Of the same window of the same process the application stays the same, and asking costs a look at the process.
+    struct Identity {
+        xcb_window_t window = XCB_WINDOW_NONE;
+        std::int64_t process = 0;
+        std::optional<FileUrl> application;
+    };
+
+    std::optional<FileUrl> applicationOf(xcb_window_t window, std::int64_t process) const;
+    bool isOpen(xcb_window_t window) const;
+
     X11Connection* m_connection;
+    mutable Identity m_lastIdentity;
     const ApplicationIdentifier& m_identifier;
     ActivationHandler m_handler;
     // Nothing before the first time.

@@ -1,5 +1,7 @@
 #include "platform/linux/identity/ApplicationIdentifier.h"
 
+#include "TemporaryFolder.h"
+
 #include <QSignalSpy>
 #include <QTest>
 
@@ -44,7 +46,7 @@ class ApplicationIdentifierTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void theBundleAroundTheExecutableComesFirst_data() {
+    void theBundleIsTheOneAroundTheExecutable_data() {
         QTest::addColumn<QByteArray>("executable");
         QTest::addColumn<QByteArray>("script");
         QTest::addColumn<QString>("path");
@@ -58,7 +60,7 @@ private Q_SLOTS:
         row("only a name like it", "/srv/x.application/x", "", "");
         row("the file itself is none", "/srv/x.app", "", "");
     }
-    void theBundleAroundTheExecutableComesFirst() {
+    void theBundleIsTheOneAroundTheExecutable() {
         QFETCH(QByteArray, executable);
         QFETCH(QByteArray, script);
         QFETCH(QString, path);
@@ -66,6 +68,24 @@ private Q_SLOTS:
             identify({.instanceName = {}, .className = {}, .applicationIds = {}},
                      {.executable = executable, .script = script, .launchedEntry = {}, .sandboxEntryId = {}});
         QCOMPARE(found ? found->path() : QString(), path);
+    }
+
+    void aBundleInAListedFolderHasThePathItIsListedUnder() {
+        const TemporaryFolder home;
+        home.makeFolders("real/Notes.app/Contents");
+        home.link("Applications", "real");
+        const ApplicationIdentifier identifier(
+            {FileUrl::fromPath(QStringLiteral("/nonexistent")), home.url("Applications")});
+        ProcessFacts process;
+        process.executable = home.path("real/Notes.app/Contents/Linux/Notes");
+        QCOMPARE(identifier.identify({}, process), home.url("Applications/Notes.app"));
+    }
+
+    void anEntryDecidesBeforeABundleThatIsNotListed() {
+        ProcessFacts process;
+        process.executable = "/opt/Maps.app/bin/start";
+        QCOMPARE(identify(windowOfClass("xterm", "XTerm"), process), entry("terminal.desktop"));
+        QCOMPARE(identify(windowOfClass("a", "b"), process), FileUrl::fromPath(QStringLiteral("/opt/Maps.app")));
     }
 
     void aSandboxDecidesAgainstWhatTheWindowSays() {

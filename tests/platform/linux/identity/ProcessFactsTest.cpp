@@ -20,6 +20,7 @@ public:
         QVERIFY(file.open(QFile::WriteOnly));
         file.write(contents);
     }
+    QByteArray path(const char* name) const { return QFile::encodeName(m_folder.path()) + "/77/" + name; }
     void link(const QByteArray& target) const {
         QVERIFY(QFile::link(QFile::decodeName(target), m_folder.path() + QStringLiteral("/77/exe")));
     }
@@ -67,14 +68,31 @@ private Q_SLOTS:
         QCOMPARE(folder.read().launchedEntry, QByteArray());
     }
 
-    void theScriptIsTheFirstArgumentWhenItIsAPath() {
+    void aScriptIsWhatItsInterpreterRuns_data() {
+        QTest::addColumn<QByteArray>("contents");
+        QTest::addColumn<QByteArray>("arguments");
+        QTest::addColumn<bool>("isScript");
+        const auto row = [](const char* name, const char* contents, const char* arguments, bool isScript) {
+            QTest::newRow(name) << QByteArray(contents) << QByteArray(arguments) << isScript;
+        };
+        row("as the system calls it", "#!/bin/sh\nexit\n", "/bin/sh|SCRIPT|more|", true);
+        row("by the search path", "#! /usr/bin/env python3 -u\n", "python3|SCRIPT|", true);
+        row("by the executable's own name", "#!/usr/bin/viewer\n", "v|SCRIPT|", true);
+        row("shown by a program that reads it", "#!/bin/sh\n", "/usr/bin/viewer|SCRIPT|", false);
+        row("no script", "text\n", "/bin/sh|SCRIPT|", false);
+        row("empty", "", "/bin/sh|SCRIPT|", false);
+        row("an option first", "#!/bin/sh\n", "/bin/sh|-c|SCRIPT|", false);
+        row("nothing", "#!/bin/sh\n", "", false);
+    }
+    void aScriptIsWhatItsInterpreterRuns() {
+        QFETCH(QByteArray, contents);
+        QFETCH(QByteArray, arguments);
+        QFETCH(bool, isScript);
         const ProcessFolder folder;
-        folder.write("cmdline", withZeros("/bin/sh|/opt/x.app/run|more|"));
-        QCOMPARE(folder.read().script, QByteArray("/opt/x.app/run"));
-        folder.write("cmdline", withZeros("/bin/sh|-c|/opt/x|"));
-        QCOMPARE(folder.read().script, QByteArray());
-        folder.write("cmdline", "");
-        QCOMPARE(folder.read().script, QByteArray());
+        folder.link("/usr/bin/viewer");
+        folder.write("script", contents);
+        folder.write("cmdline", withZeros(arguments.replace("SCRIPT", folder.path("script"))));
+        QCOMPARE(folder.read().script, isScript ? folder.path("script") : QByteArray());
     }
 
     void anExecutableThatWasReplacedKeepsItsName() {

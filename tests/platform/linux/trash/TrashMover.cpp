@@ -4,6 +4,8 @@
 
 #include "platform/linux/trash/XdgTrash.h"
 
+#include <QCoreApplication>
+
 #include <cstdio>
 #include <cstring>
 #include <grp.h>
@@ -26,6 +28,7 @@ bool becomeOrdinaryUser() {
 int main(int argc, char* argv[]) {
     if (argc > 1 && std::strcmp(argv[1], "--ordinary-user") == 0 && !becomeOrdinaryUser())
         return 2;
+    const QCoreApplication application(argc, argv);
     XdgTrash trash;
     for (std::string line; std::getline(std::cin, line);) {
         const QByteArray path = QByteArray::fromPercentEncoding(QByteArray::fromStdString(line));
