@@ -49,6 +49,13 @@ struct Request {
     QByteArray unit;
 };
 
+// Nobody looks at the answer; while it is waited for, GIO keeps the connection, which else might be closed before the
+// request is out.
+void dropAnswer(GObject* bus, GAsyncResult* result, gpointer) {
+    if (GVariant* answer = g_dbus_connection_call_finish(G_DBUS_CONNECTION(bus), result, nullptr))
+        g_variant_unref(answer);
+}
+
 void sendRequest(GObject*, GAsyncResult* result, gpointer data) {
     const std::unique_ptr<Request> request(static_cast<Request*>(data));
     const GObjectPointer<GDBusConnection> bus(g_bus_get_finish(result, nullptr));
@@ -59,7 +66,7 @@ void sendRequest(GObject*, GAsyncResult* result, gpointer data) {
     g_dbus_connection_call(bus.get(), "org.freedesktop.systemd1", "/org/freedesktop/systemd1",
                            "org.freedesktop.systemd1.Manager", "StartTransientUnit",
                            scopeRequest(request->unit, request->process), nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START,
-                           answerLimit, nullptr, nullptr, nullptr);
+                           answerLimit, nullptr, dropAnswer, nullptr);
 }
 
 } // namespace
