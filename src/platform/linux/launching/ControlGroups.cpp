@@ -1,8 +1,7 @@
 #include "platform/linux/launching/ControlGroups.h"
 
 #include "platform/linux/launching/LaunchContext.h"
-
-#include <QFile>
+#include "platform/linux/launching/SessionBus.h"
 
 #include <memory>
 
@@ -11,11 +10,6 @@ namespace zelmo {
 namespace {
 
 constexpr int answerLimit = 5000; // ms
-
-bool hasSessionBus() {
-    return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
-           QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
-}
 
 // A name's characters that a unit's name can't have, and the dash, which parts it, as \xHH.
 QByteArray escaped(const QByteArray& name) {
@@ -61,8 +55,7 @@ void sendRequest(GObject*, GAsyncResult* result, gpointer data) {
     const GObjectPointer<GDBusConnection> bus(g_bus_get_finish(result, nullptr));
     if (!bus)
         return;
-    // GIO would end this program when the bus goes.
-    g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
+    keepRunningWithout(*bus);
     g_dbus_connection_call(bus.get(), "org.freedesktop.systemd1", "/org/freedesktop/systemd1",
                            "org.freedesktop.systemd1.Manager", "StartTransientUnit",
                            scopeRequest(request->unit, request->process), nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START,

@@ -3,6 +3,7 @@
 #include "catalog/BundleReader.h"
 #include "platform/linux/launching/ControlGroups.h"
 #include "platform/linux/launching/LaunchContext.h"
+#include "platform/linux/launching/SessionBus.h"
 
 #include <array>
 #include <filesystem>
@@ -81,6 +82,8 @@ void GioLauncher::openDesktopEntry(const FileUrl& entry) const {
     // For the programs for which GIO asks for no announced one.
     if (const QByteArray token = m_notifier.token(program); !token.isEmpty())
         g_app_launch_context_setenv(context.get(), tokenVariable, token.constData());
+    // The connection that GIO then launches with, and that stays as it is while an activation is not answered.
+    const auto bus = sessionBus();
     QByteArray name = entry.stem().toUtf8();
     g_desktop_app_info_launch_uris_as_manager(
         information.get(), nullptr, context.get(), static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | noOpenFiles),
