@@ -7,6 +7,10 @@
 #define SN_API_NOT_YET_FROZEN
 #include <libsn/sn.h>
 
+// The library has this function by another name than its header says, and the header's one for any other property
+// does nothing.
+extern "C" void sn_launcher_set_application_id(SnLauncherContext* context, const char* desktopFile);
+
 namespace zelmo {
 
 X11StartupNotifier::X11StartupNotifier(X11Connection* connection) : m_connection(connection) {
@@ -41,7 +45,7 @@ QByteArray X11StartupNotifier::announcedToken(const StartupDescription& program)
     sn_launcher_context_set_name(context, program.name.constData());
     sn_launcher_context_set_description(context, program.name.constData());
     if (!program.entryId.isEmpty())
-        sn_launcher_context_set_extra_property(context, "APPLICATION_ID", program.entryId.constData());
+        sn_launcher_set_application_id(context, program.entryId.constData());
     if (!program.startupClass.isEmpty())
         sn_launcher_context_set_wmclass(context, program.startupClass.constData());
     sn_launcher_context_initiate(context, "zelmo", program.name.constData(), m_connection->serverTime());
