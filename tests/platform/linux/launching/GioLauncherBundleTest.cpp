@@ -108,6 +108,14 @@ private Q_SLOTS:
         QVERIFY(m_fixture->launch(m_fixture->folder().path("A.app")));
     }
 
+    void aFolderInTheFirstPlaceDoesNotHideTheSecond() {
+        m_fixture->folder().makeFolders("A.app/Contents/Linux/A");
+        const QByteArray executable = m_fixture->writeExecutable("A.app/Contents/MacOS/A");
+        const auto record = m_fixture->launch(m_fixture->folder().path("A.app"));
+        QVERIFY(record);
+        QCOMPARE(record->program, executable);
+    }
+
     void aBundleWithANameThatIsNotUnicodeStarts() {
         const QByteArray executable = m_fixture->writeExecutable("\xe9\xff.app/Contents/Linux/\xe9\xff");
         const auto record = m_fixture->launch(m_fixture->folder().path("\xe9\xff.app"));
