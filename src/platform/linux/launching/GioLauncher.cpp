@@ -40,8 +40,19 @@ QList<QByteArray> startVariables() {
             "WATCHDOG_USEC"};
 }
 
-void enterNewSession(gpointer) {
+// In the new process, of which the folder is set by now. `folder` is another one to go to, or null.
+void enterNewSession(gpointer folder) {
     setsid();
+    // Where that can't be entered, it stays where it is.
+    if (folder && chdir(static_cast<const char*>(folder)) != 0)
+        return;
+}
+
+// Where the entry names no folder, GIO leaves the program in the one that we happen to be in.
+bool namesFolder(GDesktopAppInfo* entry) {
+    const std::unique_ptr<gchar, decltype(&g_free)> folder(
+        g_desktop_app_info_get_string(entry, G_KEY_FILE_DESKTOP_KEY_PATH), g_free);
+    return folder && *folder != '\0';
 }
 
 // The file, links resolved, when it lies inside the folder and may be executed; else an empty path.
@@ -87,7 +98,7 @@ void GioLauncher::openDesktopEntry(const FileUrl& entry) const {
     QByteArray name = entry.stem().toUtf8();
     g_desktop_app_info_launch_uris_as_manager(
         information.get(), nullptr, context.get(), static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | noOpenFiles),
-        enterNewSession, nullptr,
+        enterNewSession, namesFolder(information.get()) ? nullptr : const_cast<gchar*>(g_get_home_dir()),
         [](GDesktopAppInfo*, GPid process, gpointer data) {
             moveToOwnControlGroup(process, *static_cast<QByteArray*>(data));
         },

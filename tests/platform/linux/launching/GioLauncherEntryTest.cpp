@@ -99,6 +99,19 @@ private Q_SLOTS:
         QCOMPARE(record->folder, place);
     }
 
+    // Wherever the launching program happens to be.
+    void withoutAFolderTheProgramStartsAtHome_data() {
+        QTest::addColumn<QByteArray>("lines");
+        QTest::newRow("none") << QByteArray();
+        QTest::newRow("empty") << QByteArray("Path=\n");
+    }
+    void withoutAFolderTheProgramStartsAtHome() {
+        QFETCH(const QByteArray, lines);
+        const auto record = m_fixture->launch(m_fixture->writeRecordingEntry("a.desktop", {}, lines));
+        QVERIFY(record);
+        QCOMPARE(record->folder, m_fixture->folder().path("home"));
+    }
+
     void aMissingFolderStartsNothing() {
         const QByteArray place = m_fixture->folder().path("missing");
         QVERIFY(m_fixture->launchesNothing(m_fixture->writeRecordingEntry("a.desktop", {}, "Path=" + place)));
