@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <vector>
+#include <xcb/xcbext.h>
 #include <xcb/xtest.h>
 
 namespace zelmo::test {

@@ -130,7 +130,7 @@ private Q_SLOTS:
         QVERIFY(waitForFocus(*session, QStringLiteral("Wall")));
         pressShortcut(*session);
         QVERIFY(program.waitForCount(QStringLiteral("hidden"), 1));
-        kill(static_cast<pid_t>(session->windowManagerProcess()), SIGSTOP);
+        session->stopWindowManager();
         const xcb_timestamp_t before = other.now();
         pressShortcut(*session);
         QVERIFY(DesktopSession::waitFor([&] { return other.lastUserTime() >= before; }));
@@ -150,12 +150,12 @@ private Q_SLOTS:
         RunningHotKeyProgram program(*session);
         QCOMPARE(program.take("optionSpace"), assigned);
         // A window manager that sleeps lets no window appear.
-        kill(static_cast<pid_t>(session->windowManagerProcess()), SIGSTOP);
+        session->stopWindowManager();
         pressShortcut(*session);
         QVERIFY(program.waitForCount(QStringLiteral("shown"), 1));
         pressShortcut(*session);
         QVERIFY(program.waitForCount(QStringLiteral("hidden"), 1));
-        kill(static_cast<pid_t>(session->windowManagerProcess()), SIGCONT);
+        session->continueWindowManager();
         QVERIFY(!session->display().keyboardIsGrabbed());
         pressShortcut(*session);
         QVERIFY(waitForFocus(*session, QStringLiteral("Wall")));
