@@ -180,10 +180,14 @@ public:
 
     // The first scan and the one that follows once its folders are watched are over.
     bool waitForRest() {
-        return QTest::qWaitFor([this] {
+        const bool bothBegan = QTest::qWaitFor([this] {
             const QMutexLocker guard(&installed.lock);
             return installed.scans >= 2;
         });
+        // What they found is still to be published.
+        store->findChild<QThreadPool*>()->waitForDone();
+        QCoreApplication::processEvents();
+        return bothBegan;
     }
 
     FakeInstalled installed;

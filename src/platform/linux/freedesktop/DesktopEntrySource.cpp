@@ -55,7 +55,7 @@ QByteArray programName(const DesktopEntryFile& entry) {
     constexpr qsizetype fewWords = 16;
     const auto fileName = [](const QByteArray& word) { return word.mid(word.lastIndexOf('/') + 1); };
     const QByteArray exec = entry.value(DesktopEntryKey::exec).value_or(QByteArray());
-    const QByteArray first = fileName(ExecCommand::program(exec).value_or(QByteArray()));
+    QByteArray first = fileName(ExecCommand::program(exec).value_or(QByteArray()));
     if (first != "env")
         return first;
     const QList<QByteArray> words = ExecCommand::words(exec, fewWords).value_or(QList<QByteArray>());

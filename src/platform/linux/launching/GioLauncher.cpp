@@ -71,7 +71,7 @@ fs::path executableInside(const fs::path& folder, const fs::path& file) {
 } // namespace
 
 GioLauncher::GioLauncher(const BundleReader& bundleReader, StartupNotifier& notifier,
-                         QList<QByteArray> privateVariables)
+                         const QList<QByteArray>& privateVariables)
     : m_bundleReader(bundleReader), m_notifier(notifier), m_privateVariables(startVariables() + privateVariables) {}
 
 void GioLauncher::openApplication(const FileUrl& application) {

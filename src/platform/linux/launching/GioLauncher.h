@@ -18,7 +18,7 @@ class GioLauncher : public ApplicationLauncher {
 public:
     // Both outlive it. `privateVariables` are variables of the environment that the started programs do not inherit,
     // besides those by which this program itself was started.
-    GioLauncher(const BundleReader& bundleReader, StartupNotifier& notifier, QList<QByteArray> privateVariables);
+    GioLauncher(const BundleReader& bundleReader, StartupNotifier& notifier, const QList<QByteArray>& privateVariables);
 
     void openApplication(const FileUrl& application) override;
 

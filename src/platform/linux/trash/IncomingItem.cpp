@@ -2,6 +2,8 @@
 
 #include "platform/linux/files/RegularFile.h"
 
+#include <QStringBuilder>
+
 #include <cerrno>
 #include <cstdio>
 #include <dirent.h>

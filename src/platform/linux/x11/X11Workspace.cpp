@@ -4,7 +4,7 @@
 
 #include <QSysInfo>
 
-#include <ranges>
+#include <algorithm>
 #include <xcb/res.h>
 
 namespace zelmo {
@@ -213,11 +213,8 @@ std::optional<xcb_window_t> X11Workspace::windowToActivate(const RunningApplicat
         return std::nullopt;
     const QList<std::uint32_t> stack =
         m_connection->numbers(m_connection->root(), QByteArrayLiteral("_NET_CLIENT_LIST_STACKING"));
-    for (const xcb_window_t candidate : stack | std::views::reverse) {
-        if (belongsToIt(candidate))
-            return candidate;
-    }
-    return std::nullopt;
+    const auto top = std::find_if(stack.crbegin(), stack.crend(), belongsToIt);
+    return top == stack.crend() ? std::nullopt : std::optional(*top);
 }
 
 void X11Workspace::giveKeyboard(xcb_window_t window) {
