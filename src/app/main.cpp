@@ -1,12 +1,17 @@
 #include "app/FontWarmUp.h"
 #include "app/LinuxBackends.h"
+#include "app/ProgramInstances.h"
+#include "app/QtSharedApplication.h"
 #include "app/RendererChoice.h"
 #include "app/TerminationSignals.h"
 #include "catalog/LauncherStore.h"
 #include "hotkey/LauncherHotKeyController.h"
+#include "iconart/ZelmoIconFactory.h"
 #include "overlay/OverlayWindow.h"
 #include "overlay/OverlayWindowController.h"
 #include "preferences/Preferences.h"
+#include "shell/ZelmoApp.h"
+#include "shell/ZelmoAppDelegate.h"
 #include "ui/AlertWindowPresenter.h"
 #include "ui/IconCache.h"
 #include "ui/WallView.h"
@@ -16,13 +21,14 @@
 int main(int argc, char* argv[]) {
     using namespace zelmo;
 
+    ProgramInstances instances;
+    if (const std::optional<int> exitCode = instances.claim())
+        return *exitCode;
     // Before there is another thread: it changes the environment.
     chooseRenderer();
     const FontWarmUp fonts;
     QGuiApplication application(argc, argv);
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Zelmo"));
-    QGuiApplication::setDesktopFileName(QStringLiteral("org.zelmo.Zelmo"));
-    QGuiApplication::setQuitOnLastWindowClosed(false);
+    QtSharedApplication sharedApplication;
     const TerminationSignals signalsEndTheLoop;
 
     LinuxBackends backends;
@@ -39,19 +45,31 @@ int main(int argc, char* argv[]) {
                        .keyboardBuffer = backends.keyboardBuffer,
                        .loadContent = [&](OverlayWindow& window) { loadWall(window, store, preferences, icons); }});
     };
-    LauncherStore store(backends.makeScanner(), {.preferences = preferences,
-                                                 .workspace = backends.workspace,
-                                                 .launcher = backends.launcher,
-                                                 .trash = backends.trash,
-                                                 .alerts = alerts,
-                                                 .folderWatcher = backends.folderWatcher,
-                                                 .makeOverlay = makeOverlay,
-                                                 // Nothing asks for it yet.
-                                                 .showSettingsWindow = [] {}});
-    LauncherHotKeyController hotKeyController(preferences, backends.hotKeyService, [&store] { store.toggleOverlay(); });
-    hotKeyController.configure();
-    // The scan is queued already and runs beside the loading of the wall.
-    QMetaObject::invokeMethod(&store, &LauncherStore::showOverlay, Qt::QueuedConnection);
+    const auto makeStore = [&] {
+        return std::make_unique<LauncherStore>(backends.makeScanner(),
+                                               LauncherServices{.preferences = preferences,
+                                                                .workspace = backends.workspace,
+                                                                .launcher = backends.launcher,
+                                                                .trash = backends.trash,
+                                                                .alerts = alerts,
+                                                                .folderWatcher = backends.folderWatcher,
+                                                                .makeOverlay = makeOverlay,
+                                                                // There is no such window yet.
+                                                                .showSettingsWindow = [] {}});
+    };
+    const auto makeHotKeyController = [&](LauncherStore& store) {
+        return std::make_unique<LauncherHotKeyController>(preferences, backends.hotKeyService,
+                                                          [&store] { store.toggleOverlay(); });
+    };
+    const ZelmoApp zelmo({.application = sharedApplication,
+                          .renderIcon = ZelmoIconFactory::appIcon,
+                          .makeStore = makeStore,
+                          .makeHotKeyController = makeHotKeyController});
+    zelmo.appDelegate().applicationDidFinishLaunching();
+    instances.listen([&](ApplicationRequest request, const QByteArray& activationToken) {
+        backends.startupNotifier.complete(activationToken);
+        zelmo.appDelegate().handle(request);
+    });
     // Of no use before the wall is up, and the buses may be slow.
     QMetaObject::invokeMethod(
         &application, [&backends] { backends.presence.start(); }, Qt::QueuedConnection);

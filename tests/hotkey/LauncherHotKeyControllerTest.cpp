@@ -2,11 +2,13 @@
 
 #include "preferences/Preferences.h"
 #include "preferences/PreferencesStorage.h"
+#include "support/FakeHotKeyService.h"
 
 #include <QCoreApplication>
 #include <QTest>
 
 using namespace zelmo;
+using namespace zelmo::test;
 
 namespace {
 
@@ -22,37 +24,6 @@ public:
     PreferenceValues values;
 };
 
-// Notes what it is asked for, and refuses when told to.
-class FakeHotKeyService : public HotKeyService {
-public:
-    enum class Answer { accept, refuse };
-
-    void installHandler(Handler handler) override {
-        log.append(QStringLiteral("install"));
-        press = std::move(handler);
-    }
-    std::optional<HotKeyReference> registerHotKey(HotKeyCombination combination, HotKeyIdentifier identifier) override {
-        log.append(QStringLiteral("register %1 %2 %3 %4")
-                       .arg(combination.keyCode)
-                       .arg(combination.modifiers)
-                       .arg(identifier.signature, 0, 16)
-                       .arg(identifier.id));
-        if (answer == Answer::refuse)
-            return std::nullopt;
-        return HotKeyReference{++m_last};
-    }
-    void unregisterHotKey(HotKeyReference reference) override {
-        log.append(QStringLiteral("unregister %1").arg(static_cast<std::uint32_t>(reference)));
-    }
-
-    Answer answer = Answer::accept;
-    QStringList log;
-    Handler press;
-
-private:
-    std::uint32_t m_last = 0;
-};
-
 struct Fixture {
     explicit Fixture(const char* shortcut = nullptr) {
         if (shortcut)
@@ -66,7 +37,8 @@ struct Fixture {
 
     MemoryStorage storage;
     Preferences preferences{storage};
-    FakeHotKeyService service;
+    QStringList log;
+    FakeHotKeyService service{log};
     int toggles = 0;
     LauncherHotKeyController controller{preferences, service, [this] { ++toggles; }};
 };
@@ -81,15 +53,14 @@ class LauncherHotKeyControllerTest : public QObject {
 private Q_SLOTS:
     void nothingIsAskedForBeforeItIsConfigured() {
         const Fixture fixture;
-        QVERIFY(fixture.service.log.isEmpty());
+        QVERIFY(fixture.log.isEmpty());
         QVERIFY(!fixture.preferences.stored<PreferenceKey::launcherKeyboardShortcutStatus>());
     }
 
     void withoutAPreferenceOptionSpaceIsTaken() {
         Fixture fixture;
         fixture.controller.configure();
-        QCOMPARE(fixture.service.log,
-                 (QStringList{QStringLiteral("install"), QStringLiteral("register 49 2048 5a4c4d31 1")}));
+        QCOMPARE(fixture.log, (QStringList{QStringLiteral("install"), QStringLiteral("register 49 2048 5a4c4d31 1")}));
         QCOMPARE(fixture.preferences.stored<PreferenceKey::launcherKeyboardShortcutStatus>(),
                  QStringLiteral("Option + Space is assigned to Zelmo."));
     }
@@ -109,14 +80,14 @@ private Q_SLOTS:
         QFETCH(QString, status);
         Fixture fixture(QTest::currentDataTag());
         fixture.controller.configure();
-        QCOMPARE(fixture.service.log.last(), QStringLiteral("register 49 %1 5a4c4d31 1").arg(modifiers));
+        QCOMPARE(fixture.log.last(), QStringLiteral("register 49 %1 5a4c4d31 1").arg(modifiers));
         QCOMPARE(fixture.status(), status);
     }
 
     void anUnknownTextIsTakenForOptionSpaceAndStays() {
         Fixture fixture("controlTab");
         fixture.controller.configure();
-        QCOMPARE(fixture.service.log.last(), QStringLiteral("register 49 2048 5a4c4d31 1"));
+        QCOMPARE(fixture.log.last(), QStringLiteral("register 49 2048 5a4c4d31 1"));
         QCOMPARE(fixture.status(), QStringLiteral("Option + Space is assigned to Zelmo."));
         QCOMPARE(fixture.preferences.value<PreferenceKey::launcherKeyboardShortcut>(), QStringLiteral("controlTab"));
     }
@@ -125,16 +96,17 @@ private Q_SLOTS:
         MemoryStorage storage;
         storage.values = {{QStringLiteral("launcherKeyboardShortcut"), true}};
         Preferences preferences(storage);
-        FakeHotKeyService service;
+        QStringList log;
+        FakeHotKeyService service{log};
         LauncherHotKeyController controller(preferences, service, [] {});
         controller.configure();
-        QCOMPARE(service.log.last(), QStringLiteral("register 49 2048 5a4c4d31 1"));
+        QCOMPARE(log.last(), QStringLiteral("register 49 2048 5a4c4d31 1"));
     }
 
     void offInstallsTheHandlerAndRegistersNothing() {
         Fixture fixture("off");
         fixture.controller.configure();
-        QCOMPARE(fixture.service.log, QStringList{QStringLiteral("install")});
+        QCOMPARE(fixture.log, QStringList{QStringLiteral("install")});
         QCOMPARE(fixture.status(), QStringLiteral("Shortcut is off."));
     }
 
@@ -142,10 +114,10 @@ private Q_SLOTS:
         Fixture fixture("commandSpace");
         fixture.controller.configure();
         fixture.choose("off");
-        fixture.service.log.clear();
+        fixture.log.clear();
         fixture.controller.configure();
         fixture.controller.configure();
-        QCOMPARE(fixture.service.log, QStringList{QStringLiteral("unregister 1")});
+        QCOMPARE(fixture.log, QStringList{QStringLiteral("unregister 1")});
         QCOMPARE(fixture.status(), QStringLiteral("Shortcut is off."));
     }
 
@@ -154,8 +126,8 @@ private Q_SLOTS:
         for (int i = 0; i < 3; ++i)
             fixture.controller.configure();
         const QString registers = QStringLiteral("register 49 2048 5a4c4d31 1");
-        QCOMPARE(fixture.service.log, (QStringList{QStringLiteral("install"), registers, QStringLiteral("unregister 1"),
-                                                   registers, QStringLiteral("unregister 2"), registers}));
+        QCOMPARE(fixture.log, (QStringList{QStringLiteral("install"), registers, QStringLiteral("unregister 1"),
+                                           registers, QStringLiteral("unregister 2"), registers}));
     }
 
     void aRefusalIsToldAndLeavesTheChoice() {
@@ -173,9 +145,9 @@ private Q_SLOTS:
         fixture.service.answer = FakeHotKeyService::Answer::refuse;
         fixture.controller.configure();
         fixture.service.answer = FakeHotKeyService::Answer::accept;
-        fixture.service.log.clear();
+        fixture.log.clear();
         fixture.controller.configure();
-        QCOMPARE(fixture.service.log, QStringList{QStringLiteral("register 49 2048 5a4c4d31 1")});
+        QCOMPARE(fixture.log, QStringList{QStringLiteral("register 49 2048 5a4c4d31 1")});
         QCOMPARE(fixture.status(), QStringLiteral("Option + Space is assigned to Zelmo."));
     }
 
@@ -209,7 +181,8 @@ private Q_SLOTS:
     void aPressThatTheControllerDoesNotLiveToSeeTogglesNothing() {
         MemoryStorage storage;
         Preferences preferences(storage);
-        FakeHotKeyService service;
+        QStringList log;
+        FakeHotKeyService service{log};
         int toggles = 0;
         {
             LauncherHotKeyController controller(preferences, service, [&toggles] { ++toggles; });
@@ -219,7 +192,7 @@ private Q_SLOTS:
         service.press({ownSignature, 1});
         QCoreApplication::processEvents();
         QCOMPARE(toggles, 0);
-        QVERIFY(!service.log.last().startsWith(QStringLiteral("unregister")));
+        QVERIFY(!log.last().startsWith(QStringLiteral("unregister")));
     }
 };
 

@@ -19,8 +19,9 @@ const QMap<QString, QStringList>& allowedArrows() {
             {QStringLiteral("iconart"), list("appearance preferences")},
             {QStringLiteral("overlay"), list("catalog preferences")},
             {QStringLiteral("ui"), list("overlay catalog appearance iconart preferences")},
-            {QStringLiteral("platform"), list("preferences catalog hotkey overlay ui")},
-            {QStringLiteral("app"), list("ui platform overlay catalog appearance hotkey iconart preferences")},
+            {QStringLiteral("shell"), list("catalog hotkey preferences")},
+            {QStringLiteral("platform"), list("preferences catalog hotkey overlay ui shell")},
+            {QStringLiteral("app"), list("shell ui platform overlay catalog appearance hotkey iconart preferences")},
         };
     }();
     return arrows;
@@ -35,7 +36,7 @@ const QSet<QString>& interfaces() {
               "catalog/BundleReader.h", "catalog/FileUrl.h", "catalog/FolderWatcher.h", "catalog/RunningApplication.h",
               "catalog/Trash.h", "catalog/Workspace.h", "hotkey/HotKeyService.h", "overlay/KeyboardBuffer.h",
               "overlay/MainScreen.h", "preferences/PreferenceTable.h", "preferences/PreferencesStorage.h",
-              "ui/IconSource.h"})
+              "shell/ProgramInstance.h", "ui/IconSource.h"})
             set.insert(QString::fromLatin1(header));
         return set;
     }();

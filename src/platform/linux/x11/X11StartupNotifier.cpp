@@ -50,7 +50,7 @@ QByteArray X11StartupNotifier::announcedToken(const StartupDescription& program)
         sn_launcher_context_set_wmclass(context, program.startupClass.constData());
     sn_launcher_context_initiate(context, "zelmo", program.name.constData(), m_connection->serverTime());
     m_connection->flush();
-    const QByteArray token(sn_launcher_context_get_startup_id(context));
+    QByteArray token(sn_launcher_context_get_startup_id(context));
     m_announced.emplace(token, context);
     QTimer::singleShot(longestWait, this, [this, token] { cancel(token); });
     return token;
@@ -63,6 +63,15 @@ void X11StartupNotifier::cancel(const QByteArray& token) {
     sn_launcher_context_complete(found->second);
     sn_launcher_context_unref(found->second);
     m_announced.erase(found);
+    m_connection->flush();
+}
+
+void X11StartupNotifier::complete(const QByteArray& token) {
+    if (!m_display || token.isEmpty())
+        return;
+    SnLauncheeContext* context = sn_launchee_context_new(m_display, m_connection->screenNumber(), token.constData());
+    sn_launchee_context_complete(context);
+    sn_launchee_context_unref(context);
     m_connection->flush();
 }
 

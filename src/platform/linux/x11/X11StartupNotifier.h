@@ -23,6 +23,9 @@ public:
     QByteArray token(const StartupDescription& program) override;
     QByteArray announcedToken(const StartupDescription& program) override;
     void cancel(const QByteArray& token) override;
+    // Tells the desktop that what it announced by this token is there: this program, started once more. An empty
+    // token does nothing.
+    void complete(const QByteArray& token);
 
 private:
     // A program that never says that it is there is not waited for any longer than this.
