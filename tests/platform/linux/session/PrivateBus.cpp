@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <csignal>
+
 namespace zelmo::test {
 
 namespace {
@@ -50,6 +52,10 @@ void PrivateBus::makeStartable(const QString& service) const {
 
 bool PrivateBus::wasStarted(const QString& service) const {
     return QFile::exists(m_folder.filePath(service));
+}
+
+void PrivateBus::setRunning(bool runs) const {
+    ::kill(static_cast<pid_t>(m_daemon.processId()), runs ? SIGCONT : SIGSTOP);
 }
 
 void PrivateBus::kill() {

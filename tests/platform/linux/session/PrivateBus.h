@@ -23,6 +23,8 @@ public:
     void makeStartable(const QString& service) const;
     bool wasStarted(const QString& service) const;
 
+    // Stops its program in the middle of whatever it does, or lets it go on.
+    void setRunning(bool runs) const;
     void kill();
 
 private:
