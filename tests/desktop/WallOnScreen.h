@@ -17,8 +17,9 @@ inline QPoint cardCenter(const DesktopSession& session, int column) {
 // The program under test, started on a desktop, and its wall as it is seen there.
 class WallOnScreen {
 public:
-    explicit WallOnScreen(DesktopSession& session, const QString& program = QStringLiteral(ZELMO_PROGRAM))
-        : m_session(session), process(session.startProgram(program)) {}
+    explicit WallOnScreen(DesktopSession& session, const QString& program = QStringLiteral(ZELMO_PROGRAM),
+                          const QStringList& arguments = {})
+        : m_session(session), process(session.startProgram(program, arguments)) {}
 
     bool waitUntilShown() const {
         return DesktopSession::waitFor([this] {

@@ -118,6 +118,12 @@ void DesktopSession::continueWindowManager() const {
     kill(static_cast<pid_t>(m_windowManager->processId()), SIGCONT);
 }
 
+void DesktopSession::endServer() {
+    m_display.reset();
+    m_server->kill();
+    m_server->waitForFinished(5000);
+}
+
 void DesktopSession::writeFile(const QString& path, const QByteArray& contents) const {
     const QString whole = home() + u'/' + path;
     QDir().mkpath(QFileInfo(whole).path());

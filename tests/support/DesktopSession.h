@@ -43,8 +43,10 @@ public:
     // The window manager sleeps until it is woken, in a moment in which nobody waits for it.
     void stopWindowManager() const;
     void continueWindowManager() const;
-    // For programs on this desktop.
-    QProcessEnvironment environment() const { return m_environment; }
+    // For programs that are started on this desktop from now on.
+    QProcessEnvironment& environment() { return m_environment; }
+    // As when the user logs out in the hard way.
+    void endServer();
 
     // Writes a file below the home folder, with its folders.
     void writeFile(const QString& path, const QByteArray& contents) const;

@@ -119,6 +119,13 @@ private Q_SLOTS:
                  (QList<QByteArray>{"remove: ID=" + escaped(token), "remove: ID=" + escaped(other)}));
     }
 
+    // By whom it was announced makes no difference.
+    void theDesktopHearsThatTheProgramItselfIsThere() {
+        m_notifier->complete({});
+        m_notifier->complete("panel-1_TIME42");
+        QTRY_COMPARE(m_listener->messages(), QList<QByteArray>{"remove: ID=panel-1_TIME42"});
+    }
+
     void whatIsOnItsWayIsTakenBackAtTheEnd() {
         const QByteArray token = m_notifier->announcedToken(program);
         m_notifier.reset();
@@ -161,6 +168,7 @@ private Q_SLOTS:
         m_notifier = std::make_unique<X11StartupNotifier>(nullptr);
         QCOMPARE(give(), QByteArray());
         m_notifier->cancel("unknown");
+        m_notifier->complete("unknown");
     }
 
     void aServerThatHasGoneIsNotWaitedFor_data() { kinds(); }
@@ -170,6 +178,7 @@ private Q_SLOTS:
         m_session.reset();
         give();
         m_notifier->cancel(token);
+        m_notifier->complete("panel-1_TIME42");
         m_notifier.reset();
     }
 
