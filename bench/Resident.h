@@ -1,0 +1,24 @@
+#pragma once
+
+#include "support/DesktopSession.h"
+
+namespace zelmo::bench {
+
+// As many applications as asked for, each with an icon of its own.
+void installApplications(const test::DesktopSession& session, int count);
+
+// Of a process, in MiB.
+double proportionalMemory(qint64 process);
+
+// What a process has used since it began, all its threads together.
+struct Effort {
+    double processorMilliseconds = 0;
+    // How often the kernel has taken the processor from it because it had nothing to do.
+    double pauses = 0;
+};
+Effort effortOf(qint64 process);
+
+// Alt and Space, as a person presses them.
+void pressShortcut(const test::XDisplay& display);
+
+} // namespace zelmo::bench

@@ -1,0 +1,87 @@
+// Measures what the program costs while it waits to be called: a hidden wall's wake-ups and processor time, the memory
+// after many shows, and how long a second start takes. Prints a Markdown table.
+
+#include "bench/DamageClock.h"
+#include "bench/Figure.h"
+#include "bench/Resident.h"
+#include "support/DesktopSession.h"
+
+#include <QCoreApplication>
+#include <QTextStream>
+#include <QThread>
+
+#include <cstdio>
+
+using namespace zelmo;
+using namespace zelmo::bench;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int applicationCount = 200;
+constexpr int showCount = 100;
+constexpr int secondStarts = 11;
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    QCoreApplication application(argc, argv);
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: residentstopwatch PROGRAM SECONDS-TO-BE-IDLE\n");
+        return 2;
+    }
+    const QString program = QString::fromLocal8Bit(argv[1]);
+    const int seconds = QByteArray(argv[2]).toInt();
+    const auto session = test::DesktopSession::start({.screen = {1920, 1080}});
+    if (!session || seconds <= 0)
+        return 1;
+    installApplications(*session, applicationCount);
+    DamageClock damage(session->displayName());
+    const QProcess& process = session->startProgram(program);
+    const auto isShown = [&] { return session->display().viewableWindow(QStringLiteral("Zelmo")).has_value(); };
+    const auto rest = [&] { damage.collect(300ms, 5s); };
+    if (!test::DesktopSession::waitFor(isShown))
+        return 1;
+    rest();
+    const double atFirst = proportionalMemory(process.processId());
+    for (int i = 0; i < showCount; ++i) {
+        session->display().typeKey(test::escapeKey);
+        if (!test::DesktopSession::waitFor([&] { return !isShown(); }))
+            return 1;
+        pressShortcut(session->display());
+        if (!test::DesktopSession::waitFor(isShown))
+            return 1;
+    }
+    rest();
+    const double atLast = proportionalMemory(process.processId());
+
+    Figure secondStart;
+    for (int i = 0; i < secondStarts; ++i) {
+        QProcess second;
+        second.setProcessEnvironment(session->environment());
+        const Clock::time_point start = Clock::now();
+        second.start(program, QStringList());
+        if (!second.waitForFinished())
+            return 1;
+        secondStart.add(milliseconds(Clock::now() - start));
+    }
+    rest();
+    session->display().typeKey(test::escapeKey);
+    rest();
+    const Effort before = effortOf(process.processId());
+    QThread::sleep(static_cast<unsigned long>(seconds));
+    const Effort after = effortOf(process.processId());
+    const double minutes = seconds / 60.0;
+
+    QTextStream(stdout) << "| resident, " << applicationCount << " applications | |\n|---|---|\n"
+                        << "| second start, from start to end, ms | " << secondStart.text(1) << " |\n"
+                        << "| proportional memory, first show / after " << showCount << " more, MiB | "
+                        << QString::number(atFirst, 'f', 1) << " / " << QString::number(atLast, 'f', 1) << " |\n"
+                        << "| idle for " << seconds << " s: wake-ups a minute | "
+                        << QString::number((after.pauses - before.pauses) / minutes, 'f', 1) << " |\n"
+                        << "| idle for " << seconds << " s: processor time a minute, ms | "
+                        << QString::number((after.processorMilliseconds - before.processorMilliseconds) / minutes, 'f',
+                                           2)
+                        << " |\n";
+    return 0;
+}
