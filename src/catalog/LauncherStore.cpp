@@ -22,7 +22,8 @@ Q_LOGGING_CATEGORY(catalogLog, "zelmo.catalog", QtWarningMsg)
 LauncherStore::LauncherStore(AppScanner scanner, LauncherServices services, const QLocale& locale)
     : m_scanner(std::move(scanner)), m_services(std::move(services)), m_locale(locale),
       m_usage(m_services.preferences, QCoreApplication::applicationPid(), m_services.usageClocks),
-      m_usageFlushTimer(this), m_rescanTimer(std::make_unique<RescanTimer>([this] { refresh(); })), m_scanThreads(this) {
+      m_usageFlushTimer(this), m_rescanTimer(std::make_unique<RescanTimer>([this] { refresh(); })),
+      m_scanThreads(this) {
     loadHiddenApps();
     setupApplicationUsageTracking();
     m_services.folderWatcher.setChangeHandler([this] { m_rescanTimer->noteChange(); });
