@@ -1,9 +1,7 @@
 #include "appearance/LauncherBackgroundStyle.h"
 
+#include "appearance/StyleTable.h"
 #include "preferences/Preferences.h"
-
-#include <array>
-#include <string_view>
 
 namespace zelmo {
 
@@ -19,7 +17,7 @@ struct BackgroundRow {
 
 using Style = LauncherBackgroundStyle;
 
-constexpr std::array backgroundTable{
+constexpr StyleTable backgroundTable(std::array{
     BackgroundRow{Style::desktopBlur, "desktopBlur", "Desktop Blur", 2, {{{0, 0, 0, 0}, {0, 0, 0, 0}}}},
     BackgroundRow{Style::customColor, "customColor", "Custom Color"},
     BackgroundRow{Style::linen, "linen", "Linen", 3, {{{0.99, 0.96, 0.90}, {0.93, 0.88, 0.78}, {0.88, 0.94, 0.93}}}},
@@ -45,41 +43,20 @@ constexpr std::array backgroundTable{
                   "Graphite Glow",
                   3,
                   {{{0.08, 0.09, 0.12}, {0.34, 0.38, 0.48}, {0.88, 0.48, 0.32}}}},
-};
-
-constexpr bool isInOrder() {
-    for (std::size_t i = 0; i < backgroundTable.size(); ++i) {
-        if (static_cast<std::size_t>(backgroundTable[i].style) != i)
-            return false;
-    }
-    return backgroundTable.size() == static_cast<std::size_t>(backgroundStyleCount);
-}
-static_assert(isInOrder());
-
-const BackgroundRow& row(LauncherBackgroundStyle style) {
-    return backgroundTable[static_cast<std::size_t>(style)];
-}
-
-QLatin1StringView latin1(std::string_view text) {
-    return QLatin1StringView(text.data(), static_cast<qsizetype>(text.size()));
-}
+});
 
 } // namespace
 
 QString rawValue(LauncherBackgroundStyle style) {
-    return latin1(row(style).rawValue);
+    return latin1(backgroundTable[style].rawValue);
 }
 
 QString title(LauncherBackgroundStyle style) {
-    return latin1(row(style).title);
+    return latin1(backgroundTable[style].title);
 }
 
 std::optional<LauncherBackgroundStyle> backgroundStyleFromRawValue(QStringView rawValue) {
-    for (const BackgroundRow& candidate : backgroundTable) {
-        if (rawValue == latin1(candidate.rawValue))
-            return candidate.style;
-    }
-    return std::nullopt;
+    return backgroundTable.find(rawValue);
 }
 
 StyleColor customBackgroundColor(const Preferences& preferences) {
@@ -93,7 +70,7 @@ QList<StyleColor> colors(LauncherBackgroundStyle style, const Preferences& prefe
         const StyleColor custom = customBackgroundColor(preferences);
         return {custom, custom};
     }
-    const BackgroundRow& entry = row(style);
+    const BackgroundRow& entry = backgroundTable[style];
     return {entry.stops.begin(), entry.stops.begin() + entry.stopCount};
 }
 
