@@ -69,9 +69,16 @@ private Q_SLOTS:
                                    QStringLiteral("Creativity"), QStringLiteral("Information & Reading"),
                                    QStringLiteral("Other")};
         QCOMPARE(titles, expected);
+        for (std::size_t i = 0; i < allCategories.size(); ++i)
+            QCOMPARE(static_cast<std::size_t>(allCategories[i]), i);
     }
 
     void onlyAnExactTitleIsARawValue() {
+        for (const AppCategory category : allCategories) {
+            const QString title = rawValue(category);
+            for (const QString& other : {title.toUpper(), title.toLower(), QString(title + u' '), title.chopped(1)})
+                QCOMPARE(categoryFromRawValue(other), std::nullopt);
+        }
         for (const char* text : {"Reading", "reading", "utilities", "UTILITIES", "Utilities ", "Utility", "", "All"})
             QCOMPARE(categoryFromRawValue(QString::fromLatin1(text)), std::nullopt);
     }
