@@ -8,6 +8,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFont>
+#include <QGuiApplication>
 
 namespace zelmo {
 
@@ -32,7 +34,8 @@ QList<FileUrl> bundleFolders() {
 LinuxBackends::LinuxBackends()
     : preferencesFile(PlistPreferencesFile::standardFile()), identifier(bundleFolders()), connection(openConnection()),
       startupNotifier(connection.get()), workspace(connection.get(), identifier),
-      launcher(bundleReader, startupNotifier, {updateDelayVariable}), iconSource(makeIconThemeIndex()) {
+      launcher(bundleReader, startupNotifier, {updateDelayVariable}), fontFaces(QGuiApplication::font().family()),
+      iconSource(makeIconThemeIndex()) {
     presence.setChangeHandler([this] { workspace.setUserPresent(presence.isPresent()); });
 }
 

@@ -2,6 +2,7 @@
 
 #include "catalog/AppScanner.h"
 #include "platform/linux/files/InotifyFolderWatcher.h"
+#include "platform/linux/fonts/FontconfigFaces.h"
 #include "platform/linux/icons/FreedesktopIconSource.h"
 #include "platform/linux/identity/ApplicationIdentifier.h"
 #include "platform/linux/launching/GioLauncher.h"
@@ -37,6 +38,7 @@ struct LinuxBackends {
     GioLauncher launcher;
     XdgTrash trash;
     InotifyFolderWatcher folderWatcher;
+    FontconfigFaces fontFaces;
     FreedesktopIconSource iconSource;
 };
 

@@ -40,10 +40,11 @@ int main(int argc, char* argv[]) {
     AlertWindowPresenter alerts;
     const auto makeOverlay = [&](LauncherStore& store) -> std::unique_ptr<Overlay> {
         return std::make_unique<OverlayWindowController>(
-            store, OverlayServices{
-                       .mainScreen = backends.mainScreen,
-                       .keyboardBuffer = backends.keyboardBuffer,
-                       .loadContent = [&](OverlayWindow& window) { loadWall(window, store, preferences, icons); }});
+            store, OverlayServices{.mainScreen = backends.mainScreen,
+                                   .keyboardBuffer = backends.keyboardBuffer,
+                                   .loadContent = [&](OverlayWindow& window) {
+                                       loadWall(window, store, preferences, backends.fontFaces, icons);
+                                   }});
     };
     const auto makeStore = [&] {
         return std::make_unique<LauncherStore>(backends.makeScanner(),

@@ -82,8 +82,7 @@ Item {
             text: card.name
             color: card.style.textColor
             opacity: WallMetrics.nameOpacity
-            font.pixelSize: card.style.appNameFontSize
-            font.weight: Font.DemiBold
+            font: card.style.appNameFont
         }
         Text {
             width: parent.width
@@ -93,10 +92,7 @@ Item {
             text: card.categoryLabel
             color: card.accentColor
             opacity: WallMetrics.categoryOpacity
-            font.pixelSize: card.style.appCategoryFontSize
-            font.weight: Font.Bold
-            font.capitalization: Font.AllUppercase
-            font.letterSpacing: WallMetrics.categoryTracking
+            font: card.style.appCategoryFont
         }
     }
 

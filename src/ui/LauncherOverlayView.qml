@@ -64,17 +64,13 @@ Item {
                         text: "Zelmo"
                         color: wall.style.textColor
                         opacity: WallMetrics.titleOpacity
-                        font.pixelSize: wall.style.titleFontSize
-                        font.weight: Font.ExtraBold
+                        font: wall.style.titleFont
                     }
                     Text {
                         text: wall.store.isEditingApps ? "Select apps to hide from the launcher" : "Colorful launchpad for your Mac"
                         color: wall.style.textColor
                         opacity: WallMetrics.subtitleOpacity
-                        font.pixelSize: wall.style.subtitleFontSize
-                        font.weight: Font.DemiBold
-                        font.capitalization: Font.AllUppercase
-                        font.letterSpacing: WallMetrics.subtitleTracking
+                        font: wall.style.subtitleFont
                     }
                 }
 
@@ -146,13 +142,11 @@ Item {
     FontMetrics {
         id: nameMetrics
 
-        font.pixelSize: wall.style.appNameFontSize
-        font.weight: Font.DemiBold
+        font: wall.style.appNameFont
     }
     FontMetrics {
         id: categoryMetrics
 
-        font.pixelSize: wall.style.appCategoryFontSize
-        font.weight: Font.Bold
+        font: wall.style.appCategoryFont
     }
 }

@@ -27,8 +27,7 @@ Rectangle {
         selectByMouse: true
         color: row.style.textColor
         opacity: WallMetrics.searchTextOpacity
-        font.pixelSize: row.style.searchFontSize
-        font.weight: Font.Medium
+        font: row.style.searchFont
         text: row.store.searchText
         onTextEdited: row.store.searchText = text
 

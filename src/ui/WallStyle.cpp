@@ -2,6 +2,7 @@
 
 #include "appearance/LauncherBackgroundStyle.h"
 #include "preferences/Preferences.h"
+#include "ui/WallMetrics.h"
 
 namespace zelmo {
 
@@ -24,7 +25,8 @@ QColor toQColor(const StyleColor& color) {
                             component(color.opacity));
 }
 
-WallStyle::WallStyle(const Preferences& preferences) : m_preferences(preferences) {
+WallStyle::WallStyle(const Preferences& preferences, const FontFaces& faces)
+    : m_preferences(preferences), m_resolver(faces) {
     connect(&preferences, &Preferences::changed, this, &WallStyle::changed);
 }
 
@@ -34,24 +36,42 @@ QColor WallStyle::textColor() const {
                      .blue = m_preferences.value<Key::launcherTextBlue>()});
 }
 
-qreal WallStyle::titleFontSize() const {
-    return m_preferences.value<Key::titleFontSize>();
+LauncherFontStyle WallStyle::fontStyle() const {
+    return fontStyleFromRawValue(m_preferences.value<Key::launcherFontStyle>())
+        .value_or(LauncherFontStyle::appleDefault);
 }
 
-qreal WallStyle::subtitleFontSize() const {
-    return m_preferences.value<Key::subtitleFontSize>();
+QFont WallStyle::font(double size, FontWeight weight) const {
+    return m_resolver.font(fontStyle(), size, weight);
 }
 
-qreal WallStyle::searchFontSize() const {
-    return m_preferences.value<Key::searchFontSize>();
+QFont WallStyle::spacedFont(double size, FontWeight weight, double leastSpacing) const {
+    QFont spaced = font(size, weight);
+    spaced.setCapitalization(QFont::AllUppercase);
+    spaced.setLetterSpacing(QFont::AbsoluteSpacing, std::max(tracking(fontStyle()), leastSpacing));
+    return spaced;
 }
 
-qreal WallStyle::appNameFontSize() const {
-    return m_preferences.value<Key::appNameFontSize>();
+QFont WallStyle::titleFont() const {
+    return font(m_preferences.value<Key::titleFontSize>(), FontWeight::heavy);
 }
 
-qreal WallStyle::appCategoryFontSize() const {
-    return m_preferences.value<Key::appCategoryFontSize>();
+QFont WallStyle::subtitleFont() const {
+    return spacedFont(m_preferences.value<Key::subtitleFontSize>(), FontWeight::semibold,
+                      WallMetrics::subtitleTracking());
+}
+
+QFont WallStyle::searchFont() const {
+    return font(m_preferences.value<Key::searchFontSize>(), FontWeight::medium);
+}
+
+QFont WallStyle::appNameFont() const {
+    return font(m_preferences.value<Key::appNameFontSize>(), FontWeight::semibold);
+}
+
+QFont WallStyle::appCategoryFont() const {
+    return spacedFont(m_preferences.value<Key::appCategoryFontSize>(), FontWeight::bold,
+                      WallMetrics::categoryTracking());
 }
 
 QList<QColor> WallStyle::backgroundColors() const {

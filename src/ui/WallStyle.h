@@ -1,6 +1,7 @@
 #pragma once
 
 #include "preferences/StyleColor.h"
+#include "ui/FontResolver.h"
 
 #include <QColor>
 #include <QObject>
@@ -21,22 +22,23 @@ class WallStyle : public QObject {
     QML_UNCREATABLE("made with its preferences")
 
     Q_PROPERTY(QColor textColor READ textColor NOTIFY changed)
-    Q_PROPERTY(qreal titleFontSize READ titleFontSize NOTIFY changed)
-    Q_PROPERTY(qreal subtitleFontSize READ subtitleFontSize NOTIFY changed)
-    Q_PROPERTY(qreal searchFontSize READ searchFontSize NOTIFY changed)
-    Q_PROPERTY(qreal appNameFontSize READ appNameFontSize NOTIFY changed)
-    Q_PROPERTY(qreal appCategoryFontSize READ appCategoryFontSize NOTIFY changed)
+    Q_PROPERTY(QFont titleFont READ titleFont NOTIFY changed)
+    Q_PROPERTY(QFont subtitleFont READ subtitleFont NOTIFY changed)
+    Q_PROPERTY(QFont searchFont READ searchFont NOTIFY changed)
+    Q_PROPERTY(QFont appNameFont READ appNameFont NOTIFY changed)
+    Q_PROPERTY(QFont appCategoryFont READ appCategoryFont NOTIFY changed)
     Q_PROPERTY(QList<QColor> backgroundColors READ backgroundColors NOTIFY changed)
 
 public:
-    explicit WallStyle(const Preferences& preferences);
+    // Both outlive it.
+    WallStyle(const Preferences& preferences, const FontFaces& faces);
 
     QColor textColor() const;
-    qreal titleFontSize() const;
-    qreal subtitleFontSize() const;
-    qreal searchFontSize() const;
-    qreal appNameFontSize() const;
-    qreal appCategoryFontSize() const;
+    QFont titleFont() const;
+    QFont subtitleFont() const;
+    QFont searchFont() const;
+    QFont appNameFont() const;
+    QFont appCategoryFont() const;
     // Stops of the diagonal gradient behind the wall.
     QList<QColor> backgroundColors() const;
 
@@ -44,7 +46,13 @@ Q_SIGNALS:
     void changed();
 
 private:
+    LauncherFontStyle fontStyle() const;
+    QFont font(double size, FontWeight weight) const;
+    // In capitals, with the style's letter spacing but no less than this one.
+    QFont spacedFont(double size, FontWeight weight, double leastSpacing) const;
+
     const Preferences& m_preferences;
+    mutable FontResolver m_resolver;
 };
 
 } // namespace zelmo

@@ -13,9 +13,10 @@ Q_IMPORT_QML_PLUGIN(Zelmo_UiPlugin)
 
 namespace zelmo {
 
-void loadWall(QQuickView& view, LauncherStore& store, const Preferences& preferences, IconCache& icons) {
+void loadWall(QQuickView& view, LauncherStore& store, const Preferences& preferences, const FontFaces& faces,
+              IconCache& icons) {
     auto* model = new WallModel(store);
-    auto* style = new WallStyle(preferences);
+    auto* style = new WallStyle(preferences, faces);
     model->setParent(&view);
     style->setParent(&view);
     view.engine()->addImportPath(QStringLiteral("qrc:/"));

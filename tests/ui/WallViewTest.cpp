@@ -1,6 +1,7 @@
 #include "ui/WallView.h"
 #include "overlay/OverlayWindow.h"
 #include "support/CatalogFakes.h"
+#include "support/FixedFontFaces.h"
 #include "ui/AppIconItem.h"
 #include "ui/IconSource.h"
 
@@ -43,7 +44,7 @@ class Fixture {
 public:
     explicit Fixture(int count, const PreferenceValues& values = {}, QSize size = {1920, 1080})
         : store(applications(count), values), icons(iconSource) {
-        loadWall(window, *store.store, *store.preferences, icons);
+        loadWall(window, *store.store, *store.preferences, faces, icons);
         window.resize(size);
         window.show();
         window.requestActivate();
@@ -83,6 +84,7 @@ public:
     }
 
     StoreFixture store;
+    FixedFontFaces faces;
     BlueIconSource iconSource;
     IconCache icons;
     OverlayWindow window;
@@ -289,6 +291,38 @@ private Q_SLOTS:
         QTRY_VERIFY(!removed->isVisible());
         QCOMPARE(removed->opacity(), 1.0);
         QCOMPARE(fixture.items("zelmo::AppIconItem").size(), 11);
+    }
+
+    void textsHaveTheChosenLetters_data() {
+        QTest::addColumn<QString>("style");
+        QTest::addColumn<int>("nameWeight");
+        QTest::addColumn<double>("subtitleSpacing");
+        QTest::addColumn<double>("categorySpacing");
+        QTest::newRow("the first") << QStringLiteral("appleDefault") << int(QFont::DemiBold) << 1.2 << 1.1;
+        QTest::newRow("one weight for all") << QStringLiteral("techno") << int(QFont::ExtraBold) << 1.4 << 1.4;
+        QTest::newRow("little spacing") << QStringLiteral("architect") << int(QFont::Thin) << 1.2 << 1.1;
+        QTest::newRow("unknown") << QStringLiteral("Techno") << int(QFont::DemiBold) << 1.2 << 1.1;
+    }
+    void textsHaveTheChosenLetters() {
+        QFETCH(QString, style);
+        QFETCH(double, subtitleSpacing);
+        QFETCH(double, categorySpacing);
+        // Fonts keep it in 64ths.
+        const auto isNear = [](double spacing, double wanted) { return std::abs(spacing - wanted) < 1.0 / 64; };
+        Fixture fixture(1);
+        QVERIFY(fixture.waitForCards(1));
+        fixture.store.preferences->setValue<PreferenceKey::launcherFontStyle>(style);
+        const auto fontOf = [&](const char* text) {
+            return fixture.texts(QString::fromLatin1(text))[0]->property("font").value<QFont>();
+        };
+        const QFont name = fontOf("App 00000");
+        QTEST(int(name.weight()), "nameWeight");
+        const QFont subtitle = fontOf("Colorful launchpad for your Mac");
+        QCOMPARE(subtitle.capitalization(), QFont::AllUppercase);
+        QVERIFY(isNear(subtitle.letterSpacing(), subtitleSpacing));
+        const QFont category = fontOf("Other");
+        QCOMPARE(category.capitalization(), QFont::AllUppercase);
+        QVERIFY(isNear(category.letterSpacing(), categorySpacing));
     }
 
     void aLongNameEndsInAnEllipsis() {
