@@ -1,5 +1,7 @@
 #include "iconart/Shadow.h"
 
+#include "iconart/BoxBlur.h"
+
 #include <QPainter>
 
 #include <array>
@@ -8,33 +10,6 @@
 #include <vector>
 
 namespace zelmo {
-
-namespace {
-
-// One box blur over `count` values that stand `step` apart. `width` is odd. Three of them in a row come
-// close to a Gaussian blur.
-void boxBlur(const std::uint16_t* from, std::uint16_t* to, int count, int step, int width) {
-    const int half = width / 2;
-    // Rounded up, so that a plain area keeps its value.
-    const std::uint32_t reciprocal = (1U << 16U) / static_cast<std::uint32_t>(width) + 1;
-    std::uint32_t sum = 0;
-    for (int i = -half; i < count; ++i) {
-        if (i + half < count)
-            sum += from[(i + half) * step];
-        if (i - half - 1 >= 0)
-            sum -= from[(i - half - 1) * step];
-        if (i >= 0)
-            to[i * step] = static_cast<std::uint16_t>((sum * reciprocal) >> 16U);
-    }
-}
-
-// The width of each of three boxes that together blur with this standard deviation.
-int boxWidth(double deviation) {
-    const int width = static_cast<int>(std::lround(std::sqrt(4 * deviation * deviation + 1)));
-    return width | 1;
-}
-
-} // namespace
 
 int shadowMargin(const ShadowStyle& style) {
     const int reach = 3 * (boxWidth(style.radius / 2) / 2);

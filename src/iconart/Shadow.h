@@ -9,6 +9,8 @@ struct ShadowStyle {
     double opacity = 0;
     double radius = 0; // twice the standard deviation of the blur
     double offset = 0; // downwards
+
+    friend bool operator==(const ShadowStyle&, const ShadowStyle&) = default;
 };
 
 // How far the shadow reaches beyond the picture on every side, in whole pixels.
