@@ -63,7 +63,7 @@ int main(int argc, char* argv[]) {
                                                           [&store] { store.toggleOverlay(); });
     };
     const ZelmoApp zelmo({.application = sharedApplication,
-                          .renderIcon = ZelmoIconFactory::appIcon,
+                          .renderIcon = [&](int points) { return ZelmoIconFactory::appIcon(points, preferences); },
                           .makeStore = makeStore,
                           .makeHotKeyController = makeHotKeyController});
     zelmo.appDelegate().applicationDidFinishLaunching();

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <QtGlobal>
+
 #include <csignal>
+#include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <fcntl.h>
 
 namespace zelmo::test {
 
@@ -15,6 +16,7 @@ bool endsTheProgram(Function function) {
     if (child == 0) {
         dup2(open("/dev/null", O_WRONLY), STDERR_FILENO);
         std::signal(SIGABRT, SIG_DFL);
+        qInstallMessageHandler(nullptr); // the test's own would take the end for one of the test
         function();
         _exit(0);
     }
