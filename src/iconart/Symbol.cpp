@@ -1,98 +1,78 @@
 #include "iconart/Symbol.h"
 
-#include <QPainter>
-#include <QPainterPath>
+#include "iconart/SymbolDrawings.h"
+#include "iconart/SymbolPen.h"
 
+#include <QPainter>
+
+#include <algorithm>
 #include <array>
 
 namespace zelmo {
 
 namespace {
 
-// Symbols are drawn on a grid of so many units, with strokes of this width.
-constexpr double gridSide = 24;
-constexpr double strokeWidth = 2.6;
-
-struct Drawing {
-    QPainterPath stroked;
-    QPainterPath filled;
-};
-
-QPainterPath checkmark(double x, double y, double size) {
-    QPainterPath path(QPointF(x, y + 0.52 * size));
-    path.lineTo(x + 0.36 * size, y + 0.88 * size);
-    path.lineTo(x + size, y + 0.12 * size);
-    return path;
-}
-
-QPainterPath circle(double radius) {
-    QPainterPath path;
-    path.addEllipse(QPointF(gridSide / 2, gridSide / 2), radius, radius);
-    return path;
-}
-
-Drawing checkmarkDrawing() {
-    return {.stroked = checkmark(4.5, 4.5, 15), .filled = {}};
-}
-
-Drawing checkmarkCircleDrawing() {
-    QPainterPath path = circle(10);
-    path.addPath(checkmark(7.6, 7.8, 8.8));
-    return {.stroked = path, .filled = {}};
-}
-
-Drawing circleDrawing() {
-    return {.stroked = circle(8.6), .filled = {}};
-}
-
-Drawing trashDrawing() {
-    QPainterPath lid(QPointF(4.2, 6.4));
-    lid.lineTo(19.8, 6.4);
-    lid.moveTo(9, 6.2);
-    lid.lineTo(9, 3.6);
-    lid.lineTo(15, 3.6);
-    lid.lineTo(15, 6.2);
-    QPainterPath body(QPointF(5.8, 9));
-    body.lineTo(6.9, 20.2);
-    body.quadTo(7.1, 22, 8.9, 22);
-    body.lineTo(15.1, 22);
-    body.quadTo(16.9, 22, 17.1, 20.2);
-    body.lineTo(18.2, 9);
-    body.closeSubpath();
-    QPainterPath slots;
-    slots.addRoundedRect(QRectF(9.1, 11.6, 1.6, 7.4), 0.8, 0.8);
-    slots.addRoundedRect(QRectF(13.3, 11.6, 1.6, 7.4), 0.8, 0.8);
-    return {.stroked = lid, .filled = body - slots};
-}
-
 struct SymbolRow {
     const char* name;
-    Drawing (*draw)();
+    const char* title;
+    QPainterPath (*draw)(const SymbolPen& pen);
 };
 
 constexpr std::array symbolTable{
-    SymbolRow{"checkmark", checkmarkDrawing},
-    SymbolRow{"checkmark.circle", checkmarkCircleDrawing},
-    SymbolRow{"circle", circleDrawing},
-    SymbolRow{"trash.fill", trashDrawing},
+    SymbolRow{"bolt.horizontal.circle.fill", "Lightning bolt in a disc", boltDiscDrawing},
+    SymbolRow{"book.closed.fill", "Closed book", bookDrawing},
+    SymbolRow{"bubble.left.and.bubble.right.fill", "Two speech bubbles", bubblesDrawing},
+    SymbolRow{"chart.bar", "Bar chart", barChartDrawing},
+    SymbolRow{"chart.bar.fill", "Solid bar chart", solidBarChartDrawing},
+    SymbolRow{"checkmark", "Checkmark", checkmarkDrawing},
+    SymbolRow{"checkmark.circle", "Checkmark in a circle", checkmarkCircleDrawing},
+    SymbolRow{"checkmark.circle.fill", "Checkmark in a disc", checkmarkDiscDrawing},
+    SymbolRow{"chevron.left.forwardslash.chevron.right", "Slash between angle brackets", codeDrawing},
+    SymbolRow{"circle", "Circle", circleDrawing},
+    SymbolRow{"circle.hexagongrid.fill", "Seven discs in a hexagon", hexagonOfDiscsDrawing},
+    SymbolRow{"gearshape.fill", "Gear", gearDrawing},
+    SymbolRow{"keyboard.fill", "Keyboard", keyboardDrawing},
+    SymbolRow{"magnifyingglass", "Magnifying glass", magnifyingGlassDrawing},
+    SymbolRow{"paintbrush.pointed.fill", "Paintbrush", paintbrushDrawing},
+    SymbolRow{"play.circle.fill", "Play button", playDiscDrawing},
+    SymbolRow{"sparkle", "Sparkle", sparkleDrawing},
+    SymbolRow{"sparkles", "Sparkles", sparklesDrawing},
+    SymbolRow{"square.grid.2x2.fill", "Four squares", fourSquaresDrawing},
+    SymbolRow{"square.grid.3x3.fill", "Nine squares", nineSquaresDrawing},
+    SymbolRow{"trash.fill", "Trash can", trashDrawing},
+    SymbolRow{"wand.and.stars", "Magic wand with stars", wandDrawing},
+    SymbolRow{"xmark", "Cross", crossDrawing},
 };
+
+const SymbolRow& row(const QString& name) {
+    const auto* const found = std::ranges::find_if(
+        symbolTable, [&](const SymbolRow& candidate) { return name == QLatin1StringView(candidate.name); });
+    if (found == symbolTable.end())
+        qFatal("There is no symbol \"%s\".", qPrintable(name));
+    return *found;
+}
 
 } // namespace
 
-void paintSymbol(QPainter& painter, const QString& name, const QRectF& square, const QColor& color) {
-    const auto row = std::find_if(symbolTable.begin(), symbolTable.end(), [&](const SymbolRow& candidate) {
-        return name == QLatin1StringView(candidate.name);
-    });
-    if (row == symbolTable.end())
-        qFatal("There is no symbol \"%s\".", qPrintable(name));
-    const Drawing drawing = row->draw();
+void paintSymbol(QPainter& painter, const QString& name, const QRectF& square, const QColor& color, FontWeight weight) {
+    const QPainterPath drawing = SymbolPen::prepared(row(name).draw(SymbolPen(weight)));
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(square.topLeft());
-    painter.scale(square.width() / gridSide, square.height() / gridSide);
-    painter.strokePath(drawing.stroked, QPen(color, strokeWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.fillPath(drawing.filled, color);
+    painter.scale(square.width() / SymbolPen::gridSide, square.height() / SymbolPen::gridSide);
+    painter.fillPath(drawing, color);
     painter.restore();
+}
+
+QStringList symbolNames() {
+    QStringList names;
+    for (const SymbolRow& row : symbolTable)
+        names << QString::fromLatin1(row.name);
+    return names;
+}
+
+QString symbolTitle(const QString& name) {
+    return QString::fromLatin1(row(name).title);
 }
 
 } // namespace zelmo
