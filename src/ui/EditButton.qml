@@ -32,6 +32,7 @@ Item {
         width: WallMetrics.editSymbolSide
         height: width
         name: button.symbol
+        weight: Font.Medium
         color: "white"
     }
     TapHandler {

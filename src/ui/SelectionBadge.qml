@@ -21,6 +21,7 @@ Item {
         width: badge.isSelected ? WallMetrics.badgeCheckmarkSide : WallMetrics.badgeCircleSide
         height: width
         name: badge.isSelected ? "checkmark" : "circle"
+        weight: Font.Black
         color: "white"
     }
 }

@@ -2,7 +2,18 @@
 
 #include "iconart/Symbol.h"
 
+#include <algorithm>
+
 namespace zelmo {
+
+namespace {
+
+// A font's weights are the hundreds from 100 to 900.
+FontWeight fontWeight(int weight) {
+    return static_cast<FontWeight>(std::clamp((weight + 50) / 100 - 1, 0, fontWeightCount - 1));
+}
+
+} // namespace
 
 SymbolItem::SymbolItem() {
     connect(this, &SymbolItem::appearanceChanged, this, [this] { update(); });
@@ -10,7 +21,7 @@ SymbolItem::SymbolItem() {
 
 void SymbolItem::paint(QPainter* painter) {
     if (!m_name.isEmpty())
-        paintSymbol(*painter, m_name, boundingRect(), m_color);
+        paintSymbol(*painter, m_name, boundingRect(), m_color, fontWeight(m_weight));
 }
 
 } // namespace zelmo

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QFont>
 #include <QQuickPaintedItem>
 
 namespace zelmo {
@@ -11,6 +12,8 @@ class SymbolItem : public QQuickPaintedItem {
     QML_ELEMENT
     Q_PROPERTY(QString name MEMBER m_name NOTIFY appearanceChanged)
     Q_PROPERTY(QColor color MEMBER m_color NOTIFY appearanceChanged)
+    // One of Font's weights, from Font.Thin for the lightest to Font.Black.
+    Q_PROPERTY(int weight MEMBER m_weight NOTIFY appearanceChanged)
 
 public:
     SymbolItem();
@@ -23,6 +26,7 @@ Q_SIGNALS:
 private:
     QString m_name;
     QColor m_color = Qt::white;
+    int m_weight = QFont::Normal;
 };
 
 } // namespace zelmo
