@@ -63,7 +63,7 @@ QImage backgroundSheet() {
         QImage band = gradient.band();
         band.setDevicePixelRatio(1);
         painter.save();
-        painter.translate(i % columns * cell.width(), i / columns * cell.height());
+        painter.translate(QPoint(i % columns * cell.width(), i / columns * cell.height()));
         painter.scale(1 / scale, 1 / scale);
         const int height = static_cast<int>(cell.height() * scale);
         for (int y = 0; y < height; y += DiagonalGradient::bandHeight) {
@@ -146,7 +146,7 @@ QImage symbolSheet() {
     QImage image = sheet(columns * groupWidth, rows * cell, night);
     QPainter painter(&image);
     for (int i = 0; i < names.size(); ++i) {
-        QPointF middle(i % columns * groupWidth + cell / 2.0, i / columns * cell + cell / 2.0);
+        QPointF middle = QPoint(i % columns * groupWidth, i / columns * cell) + QPointF(cell, cell) / 2;
         for (const FontWeight weight : weights) {
             for (const int size : sizes) {
                 const QSizeF square = QSizeF(size, size) * symbolSideRatio;

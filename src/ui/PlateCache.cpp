@@ -17,7 +17,7 @@ QImage PlateCache::picture(QSizeF size, double scale, const PlateStyle& style) {
     const Key key{size, scale, style};
     if (const QImage* known = m_pictures.object(key))
         return *known;
-    const QImage picture = paintPlate(size, scale, style);
+    QImage picture = paintPlate(size, scale, style);
     m_pictures.insert(key, new QImage(picture), std::max<qsizetype>(picture.sizeInBytes(), 1));
     return picture;
 }

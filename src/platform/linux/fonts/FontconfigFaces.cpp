@@ -84,7 +84,7 @@ QString standIn(const char* genericName) {
 
 QString firstInstalled(std::initializer_list<const char*> families, const char* genericName) {
     for (const char* family : families) {
-        const QString name = QString::fromLatin1(family);
+        QString name = QString::fromLatin1(family);
         if (weightsOf(name) > 0)
             return name;
     }

@@ -61,8 +61,18 @@ void X11KeyboardBuffer::cancel() {
 
 void X11KeyboardBuffer::watchFocus() {
     const bool hasWork = m_state == State::keeping || (m_state == State::idle && !m_kept.empty());
-    if (hasWork && m_window && QGuiApplication::focusWindow() == m_window)
+    if (hasWork && windowHasFocus())
         replay();
+}
+
+// For Qt and for the server. Each may be behind: Qt takes a window that has just gone for the one with the focus for
+// a while, and has to hear of a new focus before it passes keys on.
+bool X11KeyboardBuffer::windowHasFocus() const {
+    if (!m_window || QGuiApplication::focusWindow() != m_window)
+        return false;
+    const XcbReply<xcb_get_input_focus_reply_t> focus(
+        xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+    return focus && focus->focus == m_window->winId();
 }
 
 // Sends the kept keys on. Keys that are typed meanwhile are still kept, so that they do not overtake
@@ -97,6 +107,9 @@ bool X11KeyboardBuffer::nativeEventFilter(const QByteArray& eventType, void* mes
         return false;
     auto* event = static_cast<xcb_key_press_event_t*>(message);
     const std::uint8_t type = event->response_type & static_cast<std::uint8_t>(~sentByClient);
+    // Qt says nothing when the focus comes back to the window that it takes for its owner still.
+    if (type == XCB_FOCUS_IN && m_window)
+        QMetaObject::invokeMethod(this, &X11KeyboardBuffer::watchFocus, Qt::QueuedConnection);
     if (type != XCB_KEY_PRESS && type != XCB_KEY_RELEASE)
         return false;
 

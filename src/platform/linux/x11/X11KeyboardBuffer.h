@@ -37,6 +37,7 @@ private:
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
     void watchFocus();
+    bool windowHasFocus() const;
     void replay();
     void ungrab();
 
