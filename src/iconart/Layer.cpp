@@ -2,7 +2,6 @@
 
 #include <QPainter>
 
-#include <algorithm>
 #include <cmath>
 
 namespace zelmo {
@@ -11,8 +10,8 @@ void paintWithShadow(QPainter& painter, const QRectF& rectangle, const ShadowSty
                      const std::function<void(QPainter& layer)>& draw) {
     const QTransform toPixels = painter.deviceTransform();
     const double scale = std::sqrt(std::abs(toPixels.determinant()));
-    const double margin = std::max(rectangle.width(), rectangle.height()) / 4;
-    const QRect pixels = toPixels.mapRect(rectangle.adjusted(-margin, -margin, margin, margin)).toAlignedRect();
+    // With a pixel around for what lies between two.
+    const QRect pixels = toPixels.mapRect(rectangle).toAlignedRect().adjusted(-1, -1, 1, 1);
     QImage layer(pixels.size(), QImage::Format_ARGB32_Premultiplied);
     layer.fill(Qt::transparent);
     {

@@ -10,8 +10,8 @@ class QPainter;
 
 namespace zelmo {
 
-// What `draw` paints goes over its own shadow onto the painter, whose scale the shadow's lengths follow. It must stay
-// near the rectangle: within a quarter of its longer side. Any thread.
+// What `draw` paints into the rectangle goes over its own shadow onto the painter, whose scale the shadow's lengths
+// follow. Any thread.
 void paintWithShadow(QPainter& painter, const QRectF& rectangle, const ShadowStyle& shadow,
                      const std::function<void(QPainter& layer)>& draw);
 

@@ -34,25 +34,13 @@ Item {
         }
     }
 
-    Rectangle {
+    PlateItem {
         anchors.fill: parent
         visible: card.selected
         radius: WallMetrics.plateRadius
-        border.color: Qt.alpha("white", WallMetrics.plateOutlineOpacity)
-        gradient: Gradient {
-            GradientStop {
-                position: 0
-                color: WallMetrics.plateTopColor
-            }
-            GradientStop {
-                position: 0.5
-                color: WallMetrics.plateMiddleColor
-            }
-            GradientStop {
-                position: 1
-                color: WallMetrics.plateBottomColor
-            }
-        }
+        colors: [WallMetrics.plateTopColor, WallMetrics.plateMiddleColor, WallMetrics.plateBottomColor]
+        direction: PlateItem.Down
+        strokeColors: [Qt.alpha("white", WallMetrics.plateOutlineOpacity)]
     }
 
     AppIconItem {

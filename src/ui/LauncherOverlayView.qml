@@ -31,23 +31,15 @@ Item {
             topMargin: WallMetrics.contentVerticalPadding
         }
 
-        Rectangle {
+        PlateItem {
             id: panel
 
             width: parent.width
             height: panelContent.height + 2 * WallMetrics.panelVerticalPadding
             radius: WallMetrics.panelRadius
-            border.color: Qt.alpha("white", WallMetrics.panelOutlineOpacity)
-            gradient: Gradient {
-                GradientStop {
-                    position: 0
-                    color: Qt.alpha("white", WallMetrics.panelTopOpacity)
-                }
-                GradientStop {
-                    position: 1
-                    color: Qt.alpha("white", WallMetrics.panelBottomOpacity)
-                }
-            }
+            colors: [Qt.alpha("white", WallMetrics.panelTopOpacity), Qt.alpha("white", WallMetrics.panelBottomOpacity)]
+            direction: PlateItem.Down
+            strokeColors: [Qt.alpha("white", WallMetrics.panelOutlineOpacity)]
 
             Column {
                 id: panelContent

@@ -1,7 +1,7 @@
 import QtQuick
 import Zelmo.Ui
 
-Rectangle {
+PlateItem {
     id: row
 
     required property LauncherStore store
@@ -9,8 +9,8 @@ Rectangle {
 
     height: WallMetrics.searchHeight + 2 * WallMetrics.searchVerticalPadding
     radius: WallMetrics.searchRadius
-    color: Qt.alpha("white", WallMetrics.searchFillOpacity)
-    border.color: Qt.alpha("white", WallMetrics.searchOutlineOpacity)
+    colors: [Qt.alpha("white", WallMetrics.searchFillOpacity)]
+    strokeColors: [Qt.alpha("white", WallMetrics.searchOutlineOpacity)]
 
     TextInput {
         id: field
