@@ -1,5 +1,6 @@
 #include "iconart/Symbol.h"
 #include "catalog/AppCategory.h"
+#include "support/EndsTheProgram.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -9,16 +10,12 @@
 #include <QSet>
 #include <QTest>
 
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <csignal>
 #include <cstdlib>
 #include <functional>
 
 using namespace zelmo;
+using namespace zelmo::test;
 
 namespace {
 
@@ -72,22 +69,6 @@ void forEachDrawing(const std::function<void(const QString&, FontWeight)>& check
 
 QString label(const QString& name, FontWeight weight) {
     return QStringLiteral("%1 at weight %2").arg(name).arg(static_cast<int>(weight));
-}
-
-// Whether the call aborts the process that makes it.
-bool aborts(const std::function<void()>& call) {
-    const pid_t child = fork();
-    if (child == 0) {
-        // Neither a core file nor the test library's report of a crash.
-        const rlimit none{0, 0};
-        setrlimit(RLIMIT_CORE, &none);
-        std::signal(SIGABRT, SIG_DFL);
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-        call();
-        _exit(EXIT_SUCCESS);
-    }
-    int status = 0;
-    return child > 0 && waitpid(child, &status, 0) == child && WIFSIGNALED(status) && WTERMSIG(status) == SIGABRT;
 }
 
 // The names of symbols in the text of a view or of a source file.
@@ -274,10 +255,10 @@ private Q_SLOTS:
     }
 
     void anUnknownNameEndsTheProgram() {
-        QVERIFY(aborts([] { drawn(QStringLiteral("no.such.symbol")); }));
-        QVERIFY(aborts([] { drawn(QString()); }));
-        QVERIFY(aborts([] { symbolTitle(QStringLiteral("Circle")); }));
-        QVERIFY(!aborts([] { drawn(QStringLiteral("circle")); }));
+        QVERIFY(endsTheProgram([] { drawn(QStringLiteral("no.such.symbol")); }));
+        QVERIFY(endsTheProgram([] { drawn(QString()); }));
+        QVERIFY(endsTheProgram([] { symbolTitle(QStringLiteral("Circle")); }));
+        QVERIFY(!endsTheProgram([] { drawn(QStringLiteral("circle")); }));
     }
 
     void namesInViewsAreFound() {
