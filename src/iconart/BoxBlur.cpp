@@ -6,8 +6,8 @@ namespace zelmo {
 
 void boxBlur(const std::uint16_t* from, std::uint16_t* to, int count, int step, int width) {
     const int half = width / 2;
-    // Rounded up, so that a plain area keeps its value.
-    const std::uint32_t reciprocal = (1U << 16U) / static_cast<std::uint32_t>(width) + 1;
+    // Rounded up, so that a plain area keeps its value, and fine enough for no sum to come out above it.
+    const std::uint64_t reciprocal = (std::uint64_t{1} << 32U) / static_cast<std::uint32_t>(width) + 1;
     std::uint32_t sum = 0;
     for (int i = -half; i < count; ++i) {
         if (i + half < count)
@@ -15,7 +15,7 @@ void boxBlur(const std::uint16_t* from, std::uint16_t* to, int count, int step, 
         if (i - half - 1 >= 0)
             sum -= from[(i - half - 1) * step];
         if (i >= 0)
-            to[i * step] = static_cast<std::uint16_t>((sum * reciprocal) >> 16U);
+            to[i * step] = static_cast<std::uint16_t>((sum * reciprocal) >> 32U);
     }
 }
 

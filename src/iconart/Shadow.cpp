@@ -17,21 +17,28 @@ int shadowMargin(const ShadowStyle& style) {
 }
 
 QImage withShadow(const QImage& picture, const ShadowStyle& style) {
+    // Alpha in 8 times finer steps, so that the divisions leave no visible bands.
+    constexpr int fine = 8;
     const int margin = shadowMargin(style);
     const int width = boxWidth(style.radius / 2);
     const QSize size(picture.width() + 2 * margin, picture.height() + 2 * margin);
-    const int drop = static_cast<int>(std::lround(style.offset));
+    // Between two rows, each takes its share.
+    const int drop = static_cast<int>(std::floor(style.offset));
+    const auto below = static_cast<unsigned>(std::lround((style.offset - drop) * fine));
 
-    // Alpha in 8 times finer steps, so that the divisions leave no visible bands.
-    constexpr int fine = 8;
     const int stride = size.width();
     std::vector<std::uint16_t> alpha(static_cast<std::size_t>(stride) * static_cast<std::size_t>(size.height()));
     std::vector<std::uint16_t> scratch(alpha.size());
     for (int y = 0; y < picture.height(); ++y) {
         const auto* source = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
         std::uint16_t* target = alpha.data() + (y + margin + drop) * stride + margin;
-        for (int x = 0; x < picture.width(); ++x)
-            target[x] = static_cast<std::uint16_t>(qAlpha(source[x]) * fine);
+        for (int x = 0; x < picture.width(); ++x) {
+            const auto opacity = static_cast<unsigned>(qAlpha(source[x]));
+            target[x] = static_cast<std::uint16_t>(target[x] + opacity * (fine - below));
+            // Only then there is a row below the last one.
+            if (below > 0)
+                target[x + stride] = static_cast<std::uint16_t>(opacity * below);
+        }
     }
     for (int pass = 0; pass < 3; ++pass) {
         for (int y = 0; y < size.height(); ++y)

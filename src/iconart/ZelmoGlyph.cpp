@@ -73,7 +73,8 @@ void ZelmoGlyph::paint(QPainter& painter, const QRectF& rectangle) const {
         const ShadowStyle shadow{.opacity = m_state == GlyphState::active ? 0.42 : 0.24,
                                  .radius = cell.width() * shadowRadiusFraction,
                                  .offset = cell.width() * shadowOffsetFraction};
-        paintWithShadow(painter, cell, shadow, [&](QPainter& layer) {
+        const double edge = edgeWidth / 2;
+        paintWithShadow(painter, cell.adjusted(-edge, -edge, edge, edge), shadow, [&](QPainter& layer) {
             layer.fillPath(path, tileColor(row, column));
             layer.strokePath(path, QPen(QColor::fromRgbF(1, 1, 1, edgeOpacity), edgeWidth));
         });

@@ -15,8 +15,9 @@ class PlateNode : public QSGNode {
 public:
     explicit PlateNode(QQuickWindow& window) : m_image(window.createImageNode()) { appendChildNode(m_image); }
 
-    void show(std::shared_ptr<QSGTexture> texture, const QRectF& area) {
+    void show(std::shared_ptr<QSGTexture> texture, const QRectF& area, QSGTexture::Filtering filtering) {
         m_image->setTexture(texture.get());
+        m_image->setFiltering(filtering);
         m_image->setRect(area);
         m_texture = std::move(texture);
     }
@@ -52,7 +53,8 @@ QSGNode* PlateItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
     auto* plate = node ? static_cast<PlateNode*>(node) : new PlateNode(*window());
     const double margin = plateMargin(look, scale) / scale;
     const QSizeF shown = QSizeF(texture->textureSize()) / scale;
-    plate->show(std::move(texture), QRectF(QPointF(-margin, -margin), shown));
+    plate->show(std::move(texture), QRectF(QPointF(-margin, -margin), shown),
+                smooth() ? QSGTexture::Linear : QSGTexture::Nearest);
     return plate;
 }
 

@@ -51,7 +51,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("tolerance");
         const LoadedFont font;
         QTest::newRow("backgrounds") << backgroundSheet() << 0;
-        QTest::newRow("fonts") << fontSheet(font) << 20;
+        QTest::newRow("fonts") << fontSheet(font) << 5;
         QTest::newRow("icons") << iconSheet() << 1;
         QTest::newRow("glyphs") << glyphSheet() << 1;
         QTest::newRow("symbols") << symbolSheet() << 1;
