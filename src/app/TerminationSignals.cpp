@@ -40,8 +40,12 @@ TerminationSignals::TerminationSignals() : m_descriptor(openPipe()), m_notifier(
     struct sigaction action {};
     action.sa_handler = noteSignal;
     action.sa_flags = SA_RESTART;
-    for (const int number : {SIGTERM, SIGINT, SIGHUP})
-        sigaction(number, &action, nullptr);
+    for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
+        // Whoever started the program may want it to outlive a terminal.
+        struct sigaction inherited {};
+        if (sigaction(number, nullptr, &inherited) == 0 && inherited.sa_handler != SIG_IGN)
+            sigaction(number, &action, nullptr);
+    }
 }
 
 TerminationSignals::~TerminationSignals() {

@@ -5,7 +5,8 @@
 namespace zelmo {
 
 // Ends the event loop on SIGTERM, SIGINT and SIGHUP, so that what the program knows is stored as at
-// any other end. Made once in main, before any thread is started.
+// any other end. A signal that the program was started
+// to ignore stays ignored. Made once in main, after the application object.
 class TerminationSignals {
 public:
     TerminationSignals();

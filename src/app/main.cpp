@@ -1,3 +1,4 @@
+#include "app/FlushAtExit.h"
 #include "app/FontWarmUp.h"
 #include "app/LinuxBackends.h"
 #include "app/ProgramInstances.h"
@@ -36,6 +37,7 @@ int main(int argc, char* argv[]) {
     backends.keyboardBuffer.begin();
 
     Preferences preferences(backends.preferencesFile);
+    const FlushAtExit storedAtEveryEnd(preferences);
     IconCache icons(backends.iconSource);
     AlertWindowPresenter alerts;
     const auto makeOverlay = [&](LauncherStore& store) -> std::unique_ptr<Overlay> {

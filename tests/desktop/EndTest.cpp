@@ -1,6 +1,8 @@
 #include "desktop/WallOnScreen.h"
 #include "platform/linux/propertylist/PlistPreferencesFile.h"
 
+#include <QFile>
+
 #include <csignal>
 
 using namespace zelmo;
@@ -16,6 +18,20 @@ PreferenceValues storedPreferences(const DesktopSession& session) {
 // As soon as the wall shows its card, the program has something to store: how the shortcut went.
 bool hasStoredWhatItKnew(const DesktopSession& session) {
     return storedPreferences(session).contains(QStringLiteral("launcherKeyboardShortcutStatus"));
+}
+
+QString errorsOf(const DesktopSession& session) {
+    return session.home() + QStringLiteral("/errors");
+}
+
+// What a shell is to do to become the program, with its messages in a file.
+QStringList tellingErrorsTo(const QString& file) {
+    return {QStringLiteral("-c"), QStringLiteral("exec '%1' 2>'%2'").arg(QStringLiteral(ZELMO_PROGRAM), file)};
+}
+
+QByteArray textOf(const QString& path) {
+    QFile file(path);
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 } // namespace
@@ -74,37 +90,55 @@ private Q_SLOTS:
         const auto session = DesktopSession::start();
         QVERIFY(session);
         session->installEntry(QStringLiteral("Notes"));
-        const QString errors = session->home() + QStringLiteral("/errors");
-        const WallOnScreen wall(
-            *session, QStringLiteral("/bin/sh"),
-            {QStringLiteral("-c"), QStringLiteral("exec '%1' 2>'%2'").arg(QStringLiteral(ZELMO_PROGRAM), errors)});
+        const WallOnScreen wall(*session, QStringLiteral("/bin/sh"), tellingErrorsTo(errorsOf(*session)));
         QVERIFY(wall.waitForCards(1));
         if (isHidden)
             QVERIFY(wall.hide());
-        else
-            session->display().click(cardCenter(*session, 0));
-        QVERIFY(wall.waitUntilGone());
-        QVERIFY(DesktopSession::waitFor([&] { return hasStoredWhatItKnew(*session); }));
         session->endServer();
         QVERIFY(wall.process.waitForFinished());
         QCOMPARE(wall.process.exitStatus(), QProcess::NormalExit);
         QCOMPARE(wall.process.exitCode(), 1);
-        QFile file(errors);
-        QVERIFY(file.open(QFile::ReadOnly));
-        const QByteArray said = file.readAll();
+        const QByteArray said = textOf(errorsOf(*session));
         QVERIFY2(said.contains("X11") || said.contains("X server"), said.constData());
-        const PreferenceValues values = storedPreferences(*session);
-        QVERIFY(values.contains(QStringLiteral("launcherKeyboardShortcutStatus")));
-        QCOMPARE(values.contains(QStringLiteral("appUsageRecords")), !isHidden);
+        QVERIFY(hasStoredWhatItKnew(*session));
+    }
+
+    // The launch is counted, but what was counted is written a moment later.
+    void theEndOfTheServerLosesNothing() {
+        const auto session = DesktopSession::start();
+        QVERIFY(session);
+        session->installEntry(QStringLiteral("Notes"));
+        const WallOnScreen wall(*session);
+        QVERIFY(wall.waitForCards(1));
+        QVERIFY(DesktopSession::waitFor([&] { return hasStoredWhatItKnew(*session); }));
+        session->display().click(cardCenter(*session, 0));
+        QVERIFY(wall.waitUntilGone());
+        session->endServer();
+        QVERIFY(wall.process.waitForFinished());
+        QVERIFY(storedPreferences(*session).contains(QStringLiteral("appUsageRecords")));
+    }
+
+    void aHangUpThatItWasStartedToIgnoreDoesNotEndIt() {
+        const auto session = DesktopSession::start();
+        QVERIFY(session);
+        session->installEntry(QStringLiteral("Notes"));
+        const WallOnScreen wall(*session, QStringLiteral("nohup"), {QStringLiteral(ZELMO_PROGRAM)});
+        QVERIFY(wall.waitForCards(1));
+        kill(static_cast<pid_t>(wall.process.processId()), SIGHUP);
+        QVERIFY(wall.hide());
+        wall.pressShortcut(altKey);
+        QVERIFY(wall.waitForCards(1));
+        QCOMPARE(wall.process.state(), QProcess::Running);
     }
 
     void withoutAServerItSaysSoAndEnds() {
         const auto session = DesktopSession::start({.windowManager = {}});
         QVERIFY(session);
         session->environment().insert(QStringLiteral("DISPLAY"), QStringLiteral(":987"));
-        QProcess& process = session->startProgram(QStringLiteral(ZELMO_PROGRAM));
+        QProcess& process = session->startProgram(QStringLiteral("/bin/sh"), tellingErrorsTo(errorsOf(*session)));
         QVERIFY(process.waitForFinished());
         QVERIFY(process.exitStatus() == QProcess::CrashExit || process.exitCode() != 0);
+        QVERIFY(textOf(errorsOf(*session)).contains("could not connect to display :987"));
     }
 };
 

@@ -2,6 +2,7 @@
 
 #include <QTimer>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
@@ -45,6 +46,14 @@ const sockaddr* generic(const sockaddr_un& address) {
     return reinterpret_cast<const sockaddr*>(&address);
 }
 
+// One name for the screens of a display, and for the ways to say that it is on this machine.
+QByteArray displayOf(QByteArray name) {
+    const qsizetype colon = name.lastIndexOf(':');
+    if (const qsizetype screen = name.indexOf('.', std::max<qsizetype>(colon, 0)); colon >= 0 && screen > 0)
+        name.truncate(screen);
+    return name.startsWith("unix:") ? name.mid(4) : name;
+}
+
 int makeSocket(int flags) {
     // Packets: a token is read whole or not at all.
     return socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | flags, 0);
@@ -54,7 +63,7 @@ int makeSocket(int flags) {
 
 LockFileProgramInstance::LockFileProgramInstance(QByteArray folder, const QByteArray& display)
     : m_folderPath(std::move(folder)) {
-    const QByteArray name = "display-" + display.toPercentEncoding().left(64);
+    const QByteArray name = "display-" + displayOf(display).toPercentEncoding().left(64);
     m_lockName = name + ".lock";
     m_socketName = name + ".socket";
 }
@@ -95,8 +104,13 @@ InstanceClaim LockFileProgramInstance::claim(const QByteArray& activationToken) 
     if (!m_lock.isValid())
         return InstanceClaim::unavailable;
     for (int attempt = 0; attempt < maximumAttempts; ++attempt) {
-        if (flock(m_lock.value(), LOCK_EX | LOCK_NB) == 0)
-            return bindSocket() ? InstanceClaim::first : InstanceClaim::unavailable;
+        if (flock(m_lock.value(), LOCK_EX | LOCK_NB) == 0) {
+            if (bindSocket())
+                return InstanceClaim::first;
+            // Nobody could ask for anything here.
+            m_lock.reset(-1);
+            return InstanceClaim::unavailable;
+        }
         if (errno != EWOULDBLOCK)
             return InstanceClaim::unavailable;
         if (const auto answer = askHolder(activationToken))

@@ -17,8 +17,8 @@ class LockFileProgramInstance : public QObject, public ProgramInstance {
     Q_OBJECT
 
 public:
-    // The folder is made when it is missing; nothing in it counts unless it is the user's alone. The display is any
-    // name that tells displays apart.
+    // The folder is made when it is missing; nothing in it counts unless it is the user's alone. The display is
+    // a name such as ":0".
     LockFileProgramInstance(QByteArray folder, const QByteArray& display);
     ~LockFileProgramInstance() override;
 

@@ -65,13 +65,37 @@ private Q_SLOTS:
     void eachDisplayHasAPlaceOfItsOwn() {
         const Folder folder;
         LockFileProgramInstance first(folder.path(), ":7");
-        LockFileProgramInstance other(folder.path(), "a/b:8.0");
+        LockFileProgramInstance other(folder.path(), "a/b:8");
         QCOMPARE(first.claim({}), InstanceClaim::first);
         QCOMPARE(other.claim({}), InstanceClaim::first);
-        QCOMPARE(
-            folder.entries(),
-            (QStringList{QStringLiteral("display-%3A7.lock"), QStringLiteral("display-%3A7.socket"),
-                         QStringLiteral("display-a%2Fb%3A8.0.lock"), QStringLiteral("display-a%2Fb%3A8.0.socket")}));
+        QCOMPARE(folder.entries(),
+                 (QStringList{QStringLiteral("display-%3A7.lock"), QStringLiteral("display-%3A7.socket"),
+                              QStringLiteral("display-a%2Fb%3A8.lock"), QStringLiteral("display-a%2Fb%3A8.socket")}));
+    }
+
+    void allNamesOfADisplayStandForOnePlace() {
+        const Folder folder;
+        LockFileProgramInstance first(folder.path(), ":7");
+        QCOMPARE(first.claim({}), InstanceClaim::first);
+        RecordedRequests requests;
+        first.listen(requests.handler());
+        for (const char* name : {":7.0", ":7.1", "unix:7", "unix:7.0"}) {
+            LockFileProgramInstance other(folder.path(), name);
+            QCOMPARE(answerOf(claimElsewhere(other)), InstanceClaim::handedOver);
+        }
+        LockFileProgramInstance other(folder.path(), "host.example:7");
+        QCOMPARE(other.claim({}), InstanceClaim::first);
+    }
+
+    // A folder stands where the socket should.
+    void aPlaceThatCannotBeReachedIsLetGo() {
+        const Folder folder;
+        QVERIFY(QDir().mkpath(QFile::decodeName(folder.path()) + QStringLiteral("/display-%3A7.socket/in-the-way")));
+        QCOMPARE(chmod(folder.path().constData(), 0700), 0);
+        LockFileProgramInstance first(folder.path(), ":7");
+        QCOMPARE(first.claim({}), InstanceClaim::unavailable);
+        LockFileProgramInstance second(folder.path(), ":7");
+        QCOMPARE(second.claim({}), InstanceClaim::unavailable);
     }
 
     void thePlaceIsFreeOnceTheFirstHasGone() {
