@@ -21,6 +21,7 @@ namespace {
 constexpr int applicationCount = 200;
 constexpr int showCount = 100;
 constexpr int secondStarts = 11;
+constexpr unsigned long secondsUntilThreadsEnd = 35;
 
 } // namespace
 
@@ -68,6 +69,8 @@ int main(int argc, char* argv[]) {
     rest();
     session->display().typeKey(test::escapeKey);
     rest();
+    // What threads have done is known as long as they live, and those that have no more work end by then.
+    QThread::sleep(secondsUntilThreadsEnd);
     const Effort before = effortOf(process.processId());
     QThread::sleep(static_cast<unsigned long>(seconds));
     const Effort after = effortOf(process.processId());
