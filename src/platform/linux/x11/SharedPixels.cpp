@@ -5,33 +5,27 @@
 
 namespace zelmo {
 
-std::optional<SharedPixels> SharedPixels::create(std::size_t size) {
-    auto descriptor = std::make_unique<FileDescriptor>(memfd_create("zelmo-screen", MFD_CLOEXEC));
+SharedPixels::SharedPixels(std::size_t size) : m_descriptor(memfd_create("zelmo-screen", MFD_CLOEXEC)), m_size(size) {
     // Memory that is only promised would end whoever touches it when there is none left.
-    if (!descriptor->isValid() || fallocate(descriptor->value(), 0, 0, static_cast<off_t>(size)) != 0)
-        return std::nullopt;
-    void* memory = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, descriptor->value(), 0);
-    if (memory == MAP_FAILED)
-        return std::nullopt;
-    return SharedPixels(std::move(descriptor), Memory(memory, Unmap{size}));
+    if (!m_descriptor.isValid() || fallocate(m_descriptor.value(), 0, 0, static_cast<off_t>(size)) != 0)
+        return;
+    void* memory = mmap(nullptr, size, PROT_READ, MAP_SHARED | MAP_POPULATE, m_descriptor.value(), 0);
+    if (memory != MAP_FAILED)
+        m_memory = memory;
+}
+
+SharedPixels::~SharedPixels() {
+    if (m_memory)
+        munmap(m_memory, m_size);
+}
+
+std::unique_ptr<SharedPixels> SharedPixels::create(std::size_t size) {
+    std::unique_ptr<SharedPixels> pixels(new SharedPixels(size));
+    return pixels->m_memory ? std::move(pixels) : nullptr;
 }
 
 int SharedPixels::duplicateDescriptor() const {
-    return fcntl(m_descriptor->value(), F_DUPFD_CLOEXEC, 0);
-}
-
-QImage SharedPixels::intoPicture(QSize size, std::size_t bytesPerLine) && {
-    auto* owner = new Memory(std::move(m_memory));
-    QImage picture(
-        static_cast<uchar*>(owner->get()), size.width(), size.height(), static_cast<qsizetype>(bytesPerLine),
-        QImage::Format_RGB32, [](void* memory) { delete static_cast<Memory*>(memory); }, owner);
-    if (picture.isNull())
-        delete owner;
-    return picture;
-}
-
-void SharedPixels::Unmap::operator()(void* memory) const {
-    munmap(memory, size);
+    return fcntl(m_descriptor.value(), F_DUPFD_CLOEXEC, 0);
 }
 
 } // namespace zelmo

@@ -1,5 +1,6 @@
 #include "platform/linux/x11/X11DesktopCapture.h"
 
+#include "platform/linux/x11/PictureMemory.h"
 #include "platform/linux/x11/QtX11Connection.h"
 #include "platform/linux/x11/ScreenPixels.h"
 #include "platform/linux/x11/X11RootReader.h"
@@ -18,7 +19,7 @@ QImage X11DesktopCapture::capture(const QScreen& screen) {
     QImage picture = reader.picture(seen);
     if (picture.isNull() || seen == wanted)
         return picture;
-    QImage whole(wanted.size(), QImage::Format_RGB32);
+    QImage whole = makeLargePicture(wanted.size());
     if (whole.isNull())
         return {};
     whole.fill(Qt::black);

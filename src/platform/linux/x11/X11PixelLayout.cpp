@@ -57,7 +57,6 @@ void convertRow(const std::uint8_t* from, QRgb* to, int width, const Channels& c
     }
 }
 
-// Also where both are the same place.
 void makeOpaque(const std::uint8_t* from, QRgb* to, int width) {
     for (int x = 0; x < width; ++x) {
         QRgb pixel = 0;

@@ -20,8 +20,7 @@ struct X11PixelLayout {
     std::size_t bytesPerLine(int width) const;
     // Whether the pixels are what QImage::Format_RGB32 is, but for the byte that says how opaque they are.
     bool isRgb32() const;
-    // Writes rows of pixels, as wide as the picture, over the picture's rows from `top` on. When the layout is that of
-    // RGB32, the pixels may lie in the picture itself.
+    // Writes rows of pixels, as wide as the RGB32 picture, over the picture's rows from `top` on.
     void convert(const std::uint8_t* pixels, int rows, QImage& picture, int top) const;
 
     int bitsPerPixel = 0; // 16, 24 or 32
