@@ -36,7 +36,8 @@ const QSet<QString>& interfaces() {
               "catalog/ApplicationSource.h", "catalog/BundleReader.h", "catalog/FileUrl.h", "catalog/FolderWatcher.h",
               "catalog/RunningApplication.h", "catalog/Trash.h", "catalog/Workspace.h", "hotkey/HotKeyService.h",
               "overlay/KeyboardBuffer.h", "overlay/MainScreen.h", "preferences/PreferenceTable.h",
-              "preferences/PreferencesStorage.h", "shell/ProgramInstance.h", "ui/FontFaces.h", "ui/IconSource.h"})
+              "preferences/PreferencesStorage.h", "shell/ProgramInstance.h", "ui/DesktopCapture.h", "ui/FontFaces.h",
+              "ui/IconSource.h"})
             set.insert(QString::fromLatin1(header));
         return set;
     }();

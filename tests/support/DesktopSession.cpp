@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <QThread>
 
 #include <csignal>
@@ -77,8 +78,9 @@ std::unique_ptr<DesktopSession> DesktopSession::start(const DesktopOptions& opti
                            "<?xml version=\"1.0\"?><openbox_config xmlns=\"http://openbox.org/3.4/rc\"><keyboard/>"
                            "</openbox_config>");
 
-    if (!session->startServer(options.screen) || !session->startBus() ||
-        (!options.windowManager.isEmpty() && !session->startWindowManager(options.windowManager)))
+    if (!session->startServer(options) || !session->startBus() ||
+        (!options.windowManager.isEmpty() && !session->startWindowManager(options.windowManager)) ||
+        (options.compositor == Compositor::picom && !session->startCompositor()))
         return nullptr;
     // After the services, which find their own data in the system's folders.
     session->m_environment.insert(QStringLiteral("XDG_DATA_DIRS"), home + QStringLiteral("/share"));
@@ -95,7 +97,7 @@ DesktopSession::~DesktopSession() {
     }
     m_programs.clear();
     m_display.reset();
-    for (QProcess* process : {m_windowManager.get(), m_bus.get(), m_server.get()}) {
+    for (QProcess* process : {m_compositor.get(), m_windowManager.get(), m_bus.get(), m_server.get()}) {
         if (!process)
             continue;
         process->kill();
@@ -196,14 +198,23 @@ std::unique_ptr<QProcess> DesktopSession::spawn(const QString& program, const QS
     return process;
 }
 
-bool DesktopSession::startServer(QSize screen) {
+bool DesktopSession::startServer(const DesktopOptions& options) {
     auto server = std::make_unique<QProcess>();
     prepare(*server);
     server->setStandardErrorFile(home() + QStringLiteral("/server.log"));
-    server->start(QStringLiteral("Xvfb"),
-                  {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"), QStringLiteral("0"),
-                   QStringLiteral("%1x%2x24").arg(screen.width()).arg(screen.height()), QStringLiteral("-nolisten"),
-                   QStringLiteral("tcp"), QStringLiteral("-dpi"), QStringLiteral("96")});
+    const QSize size = options.screen;
+    QStringList arguments{QStringLiteral("-displayfd"),
+                          QStringLiteral("1"),
+                          QStringLiteral("-screen"),
+                          QStringLiteral("0"),
+                          QStringLiteral("%1x%2x%3").arg(size.width()).arg(size.height()).arg(options.depth),
+                          QStringLiteral("-nolisten"),
+                          QStringLiteral("tcp"),
+                          QStringLiteral("-dpi"),
+                          QStringLiteral("96")};
+    if (options.sharedMemory == SharedMemory::missing)
+        arguments << QStringLiteral("-extension") << QStringLiteral("MIT-SHM");
+    server->start(QStringLiteral("Xvfb"), arguments);
     QByteArray number;
     if (!server->waitForStarted() || !waitFor([&] {
             server->waitForReadyRead(20);
@@ -217,6 +228,8 @@ bool DesktopSession::startServer(QSize screen) {
     m_environment.insert(QStringLiteral("DISPLAY"), m_displayName);
     m_server = std::move(server);
     m_display = XDisplay::open(m_displayName);
+    if (m_display && options.monitors == Monitors::sideBySide)
+        divideScreen(*m_display);
     return m_display != nullptr;
 }
 
@@ -250,6 +263,23 @@ bool DesktopSession::startWindowManager(const QString& program) {
     const ProbeWindow probe(*m_display);
     if (!m_windowManager->waitForStarted() || !waitFor([&probe] { return probe.isManaged(); })) {
         qWarning("%s does not start", qPrintable(program));
+        return false;
+    }
+    return true;
+}
+
+bool DesktopSession::hasCompositor() {
+    return !QStandardPaths::findExecutable(QStringLiteral("picom")).isEmpty();
+}
+
+bool DesktopSession::startCompositor() {
+    m_compositor = std::make_unique<QProcess>();
+    prepare(*m_compositor);
+    m_compositor->setStandardErrorFile(home() + QStringLiteral("/compositor.log"));
+    m_compositor->start(QStringLiteral("picom"), {QStringLiteral("--backend"), QStringLiteral("xrender"),
+                                                  QStringLiteral("--config"), QStringLiteral("/dev/null")});
+    if (!m_compositor->waitForStarted() || !waitFor([this] { return m_display->hasOwner("_NET_WM_CM_S0"); })) {
+        qWarning("picom does not start");
         return false;
     }
     return true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/Monitors.h"
 #include "support/XDisplay.h"
 
 #include <QProcess>
@@ -18,11 +19,21 @@ enum class WindowManagerShortcuts { none, standard };
 // Whose programs these are: of the user who runs the tests, or of one who is not root in any case.
 enum class DesktopUser { same, ordinary };
 
+// Whether the X server lets programs share memory with it; across a network it does not.
+enum class SharedMemory { offered, missing };
+
+// What puts the windows on the screen: the X server, or picom, from the contents of each.
+enum class Compositor { none, picom };
+
 struct DesktopOptions {
     QSize screen{1280, 800};
+    int depth = 24;
+    SharedMemory sharedMemory = SharedMemory::offered;
+    Monitors monitors = Monitors::one;
     // The program that manages windows; none when empty.
     QString windowManager = QStringLiteral("openbox");
     WindowManagerShortcuts shortcuts = WindowManagerShortcuts::none;
+    Compositor compositor = Compositor::none;
     DesktopUser user = DesktopUser::same;
 };
 
@@ -32,6 +43,8 @@ class DesktopSession {
 public:
     // Null, with a warning that says why, when a part of it does not start.
     static std::unique_ptr<DesktopSession> start(const DesktopOptions& options = {});
+    // Not every system has it.
+    static bool hasCompositor();
     ~DesktopSession();
     DesktopSession(const DesktopSession&) = delete;
     DesktopSession& operator=(const DesktopSession&) = delete;
@@ -64,9 +77,10 @@ public:
 private:
     DesktopSession() = default;
 
-    bool startServer(QSize screen);
+    bool startServer(const DesktopOptions& options);
     bool startBus();
     bool startWindowManager(const QString& program);
+    bool startCompositor();
     void prepare(QProcess& process) const;
     void giveToUser(const QString& path) const;
     std::unique_ptr<QProcess> spawn(const QString& program, const QStringList& arguments) const;
@@ -79,6 +93,7 @@ private:
     std::unique_ptr<QProcess> m_server;
     std::unique_ptr<QProcess> m_bus;
     std::unique_ptr<QProcess> m_windowManager;
+    std::unique_ptr<QProcess> m_compositor;
     std::unique_ptr<XDisplay> m_display;
     std::vector<std::unique_ptr<QProcess>> m_programs;
 };

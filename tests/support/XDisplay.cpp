@@ -98,6 +98,12 @@ xcb_window_t XDisplay::focusedWindow() const {
     return reply ? reply->focus : xcb_window_t{XCB_WINDOW_NONE};
 }
 
+bool XDisplay::hasOwner(const QByteArray& selection) const {
+    const Owned<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
+        m_connection, xcb_get_selection_owner(m_connection, atomNamed(m_connection, selection)), nullptr));
+    return reply && reply->owner != XCB_WINDOW_NONE;
+}
+
 bool XDisplay::keyboardIsGrabbed() const {
     const Owned<xcb_grab_keyboard_reply_t> reply(xcb_grab_keyboard_reply(
         m_connection,

@@ -43,6 +43,8 @@ public:
     void watchActivationRequests() const;
     QList<xcb_window_t> activationRequests() const;
     bool keyboardIsGrabbed() const;
+    // Whether some program has the selection with this name.
+    bool hasOwner(const QByteArray& selection) const;
 
     // Presses and releases one key; a shifted one with Shift. False when the layout lacks it.
     bool typeKey(xcb_keysym_t symbol) const;

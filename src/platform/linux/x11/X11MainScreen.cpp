@@ -1,11 +1,11 @@
 #include "platform/linux/x11/X11MainScreen.h"
 
 #include "platform/linux/x11/QtX11Connection.h"
+#include "platform/linux/x11/ScreenPixels.h"
 #include "platform/linux/x11/XcbReply.h"
 
 #include <QCursor>
 #include <QGuiApplication>
-#include <QScreen>
 
 #include <optional>
 #include <string_view>
@@ -45,9 +45,7 @@ std::optional<QPoint> center(xcb_connection_t* connection, xcb_window_t root, xc
 
 QScreen* screenAtPixel(QPoint pixel) {
     for (QScreen* screen : QGuiApplication::screens()) {
-        // A screen's origin is in pixels at every scale, its size is in points.
-        const QRect geometry = screen->geometry();
-        if (QRect(geometry.topLeft(), (QSizeF(geometry.size()) * screen->devicePixelRatio()).toSize()).contains(pixel))
+        if (pixelsOf(*screen).contains(pixel))
             return screen;
     }
     return nullptr;

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "ui/DesktopCapture.h"
+
+#include <chrono>
+
+namespace zelmo {
+
+// Takes the picture of a screen from the X server that Qt shows its windows on. Keeps nothing between two pictures.
+// Main thread.
+class X11DesktopCapture : public DesktopCapture {
+public:
+    // Of a server that is far away the picture is not worth a longer wait than `patience`.
+    explicit X11DesktopCapture(std::chrono::milliseconds patience = std::chrono::milliseconds(250))
+        : m_patience(patience) {}
+
+    // What of the screen is not on the desktop, as when it has just been unplugged, is black; null when that is all.
+    QImage capture(const QScreen& screen) override;
+
+private:
+    std::chrono::milliseconds m_patience;
+};
+
+} // namespace zelmo
