@@ -42,8 +42,7 @@ function(zelmo_test name)
     add_test(NAME ${arg_KIND}.${name} COMMAND ${name})
     set(environment QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software LC_ALL=C.UTF-8)
     if(ZELMO_SANITIZERS MATCHES address)
-        # A library built without frame pointers is only found in a trace that does without them.
-        list(APPEND environment ASAN_OPTIONS=fast_unwind_on_malloc=0
+        list(APPEND environment
             LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/library-leaks.txt:print_suppressions=0)
     endif()
     set_tests_properties(${arg_KIND}.${name} PROPERTIES

@@ -10,6 +10,7 @@
 #include "platform/linux/propertylist/PlistPreferencesFile.h"
 #include "platform/linux/session/DBusSessionPresence.h"
 #include "platform/linux/trash/XdgTrash.h"
+#include "platform/linux/x11/X11DesktopCapture.h"
 #include "platform/linux/x11/X11HotKeyService.h"
 #include "platform/linux/x11/X11KeyboardBuffer.h"
 #include "platform/linux/x11/X11MainScreen.h"
@@ -28,6 +29,7 @@ struct LinuxBackends {
     X11KeyboardBuffer keyboardBuffer;
     X11HotKeyService hotKeyService;
     X11MainScreen mainScreen;
+    X11DesktopCapture desktopCapture;
     PlistPreferencesFile preferencesFile;
     PlistBundleReader bundleReader;
     ApplicationIdentifier identifier;

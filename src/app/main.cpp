@@ -8,14 +8,13 @@
 #include "catalog/LauncherStore.h"
 #include "hotkey/LauncherHotKeyController.h"
 #include "iconart/ZelmoIconFactory.h"
-#include "overlay/OverlayWindow.h"
 #include "overlay/OverlayWindowController.h"
 #include "preferences/Preferences.h"
 #include "shell/ZelmoApp.h"
 #include "shell/ZelmoAppDelegate.h"
 #include "ui/AlertWindowPresenter.h"
 #include "ui/IconCache.h"
-#include "ui/WallView.h"
+#include "ui/WallContent.h"
 
 #include <QGuiApplication>
 
@@ -40,13 +39,16 @@ int main(int argc, char* argv[]) {
     const FlushAtExit storedAtEveryEnd(preferences);
     IconCache icons(backends.iconSource);
     AlertWindowPresenter alerts;
+    std::unique_ptr<WallContent> wall;
     const auto makeOverlay = [&](LauncherStore& store) -> std::unique_ptr<Overlay> {
+        wall = std::make_unique<WallContent>(WallServices{.store = store,
+                                                          .preferences = preferences,
+                                                          .fontFaces = backends.fontFaces,
+                                                          .icons = icons,
+                                                          .desktopCapture = backends.desktopCapture});
         return std::make_unique<OverlayWindowController>(
-            store, OverlayServices{.mainScreen = backends.mainScreen,
-                                   .keyboardBuffer = backends.keyboardBuffer,
-                                   .loadContent = [&](OverlayWindow& window) {
-                                       loadWall(window, store, preferences, backends.fontFaces, icons);
-                                   }});
+            store, OverlayServices{
+                       .mainScreen = backends.mainScreen, .keyboardBuffer = backends.keyboardBuffer, .content = *wall});
     };
     const auto makeStore = [&] {
         return std::make_unique<LauncherStore>(backends.makeScanner(),

@@ -30,16 +30,31 @@ DiagonalGradient::DiagonalGradient(const QList<QColor>& stops, QSize size) : m_s
 
 // The colour at (x, y) depends on x * width + y * height alone: a row further down is the same as
 // height / width columns further right.
-QImage DiagonalGradient::band() const {
+std::vector<QRgb> DiagonalGradient::strip(int first, int count) const {
     const double width = m_size.width();
     const double height = m_size.height();
     const double whole = width * width + height * height;
+    std::vector<QRgb> colors(static_cast<std::size_t>(count));
+    for (int x = 0; x < count; ++x)
+        colors[static_cast<std::size_t>(x)] = colorAt(m_stops, ((first + x + 0.5) * width + 0.5 * height) / whole);
+    return colors;
+}
+
+QImage DiagonalGradient::band() const {
     QImage image(m_size.width() + bandStart(m_size.height()), bandHeight, QImage::Format_RGB32);
-    std::vector<QRgb> strip(static_cast<std::size_t>(image.width() + bandStart(bandHeight)));
-    for (std::size_t x = 0; x < strip.size(); ++x)
-        strip[x] = colorAt(m_stops, ((static_cast<double>(x) + 0.5) * width + 0.5 * height) / whole);
+    const std::vector<QRgb> colors = strip(0, image.width() + bandStart(bandHeight));
     for (int y = 0; y < bandHeight; ++y)
-        std::memcpy(image.scanLine(y), strip.data() + bandStart(y), static_cast<std::size_t>(image.bytesPerLine()));
+        std::memcpy(image.scanLine(y), colors.data() + bandStart(y), static_cast<std::size_t>(image.bytesPerLine()));
+    return image;
+}
+
+QImage DiagonalGradient::part(const QRect& area) const {
+    QImage image(area.size(), QImage::Format_RGB32);
+    const int start = bandStart(area.top());
+    const std::vector<QRgb> colors = strip(area.left() + start, area.width() + bandStart(area.bottom()) - start);
+    for (int y = 0; y < area.height(); ++y)
+        std::memcpy(image.scanLine(y), colors.data() + bandStart(area.top() + y) - start,
+                    static_cast<std::size_t>(image.bytesPerLine()));
     return image;
 }
 

@@ -3,6 +3,9 @@
 #include <QColor>
 #include <QImage>
 #include <QList>
+#include <QRect>
+
+#include <vector>
 
 namespace zelmo {
 
@@ -21,8 +24,13 @@ public:
     QImage band() const;
     // The first column of `band()` that belongs on the surface's left edge, for the band that starts at row `y`.
     int bandStart(int y) const;
+    // The pixels of a part of the surface.
+    QImage part(const QRect& area) const;
 
 private:
+    // A row's colours from its column `first` on, so many of them.
+    std::vector<QRgb> strip(int first, int count) const;
+
     QList<QColor> m_stops;
     QSize m_size;
 };

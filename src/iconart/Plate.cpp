@@ -5,8 +5,11 @@
 #include <QHashFunctions>
 #include <QLinearGradient>
 #include <QPainter>
+#include <QRgba64>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 namespace zelmo {
 
@@ -36,6 +39,35 @@ std::size_t hashOf(const PlateColors& colors, std::size_t seed) {
     return qHashMulti(seed, static_cast<int>(colors.direction));
 }
 
+bool isClear(const PlateColors& colors) {
+    return std::all_of(colors.stops.begin(), colors.stops.end(), [](const QColor& stop) { return stop.alpha() == 0; });
+}
+
+bool isGradient(const PlateColors& colors) {
+    return colors.stops.size() > 1 && !isClear(colors);
+}
+
+// A faint gradient has fewer steps of 8 bits than pixels. Which of two steps a pixel gets is spread so evenly that no
+// bands are to be seen.
+QImage spread(const QImage& fine) {
+    QImage image(fine.size(), QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* from = reinterpret_cast<const QRgba64*>(fine.constScanLine(y));
+        auto* to = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const double noise = 52.9829189 * std::fmod(0.06711056 * x + 0.00583715 * y, 1.0);
+            const auto threshold = static_cast<std::uint32_t>(65534 * (noise - std::floor(noise)));
+            const auto step = [threshold](quint16 value) {
+                return static_cast<int>((value * 255U + threshold) / 65535U);
+            };
+            const int alpha = step(from[x].alpha());
+            to[x] = qRgba(std::min(step(from[x].red()), alpha), std::min(step(from[x].green()), alpha),
+                          std::min(step(from[x].blue()), alpha), alpha);
+        }
+    }
+    return image;
+}
+
 } // namespace
 
 std::size_t qHash(const PlateStyle& style, std::size_t seed) {
@@ -51,9 +83,10 @@ int plateMargin(const PlateStyle& style, double scale) {
 QImage paintPlate(QSizeF size, double scale, const PlateStyle& style) {
     const QSize pixels(static_cast<int>(std::ceil(size.width() * scale)),
                        static_cast<int>(std::ceil(size.height() * scale)));
-    if (pixels.isEmpty() || (style.fill.stops.isEmpty() && style.stroke.stops.isEmpty()))
+    if (pixels.isEmpty() || (isClear(style.fill) && isClear(style.stroke)))
         return {};
-    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+    const bool isFine = isGradient(style.fill) || isGradient(style.stroke);
+    QImage image(pixels, isFine ? QImage::Format_RGBA64_Premultiplied : QImage::Format_ARGB32_Premultiplied);
     if (image.isNull())
         return {};
     image.fill(Qt::transparent);
@@ -62,14 +95,16 @@ QImage paintPlate(QSizeF size, double scale, const PlateStyle& style) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.scale(scale, scale);
         const QRectF area(QPointF(), size);
-        if (!style.fill.stops.isEmpty())
+        if (!isClear(style.fill))
             painter.fillPath(continuousRectangle(area, style.radius), brush(style.fill, area));
-        if (!style.stroke.stops.isEmpty() && style.strokeWidth > 0) {
+        if (!isClear(style.stroke) && style.strokeWidth > 0) {
             const double half = style.strokeWidth / 2;
             painter.strokePath(continuousRectangle(area.adjusted(half, half, -half, -half), style.radius - half),
                                QPen(brush(style.stroke, area), style.strokeWidth));
         }
     }
+    if (isFine)
+        image = spread(image);
     return style.shadow.opacity > 0 ? withShadow(image, inPixels(style.shadow, scale)) : image;
 }
 

@@ -3,6 +3,7 @@
 #include "catalog/LauncherStore.h"
 #include "overlay/KeyboardBuffer.h"
 #include "overlay/MainScreen.h"
+#include "overlay/OverlayContent.h"
 #include "overlay/OverlayWindow.h"
 
 #include <QScreen>
@@ -20,6 +21,7 @@ OverlayWindowController::~OverlayWindowController() = default;
 void OverlayWindowController::show() {
     m_services.keyboardBuffer.begin();
     if (QScreen* screen = m_services.mainScreen.mainScreen()) {
+        m_services.content.prepare(*screen);
         m_window->setScreen(screen);
         m_window->setGeometry(screen->geometry());
     }
@@ -27,16 +29,15 @@ void OverlayWindowController::show() {
     m_window->raise();
     m_window->requestActivate();
     // The window manager maps the window while the content is loaded; nothing is painted before both are done.
-    if (m_content == Content::missing) {
-        m_services.loadContent(*m_window);
-        m_content = Content::loaded;
-    }
+    if (!std::exchange(m_contentIsLoaded, true))
+        m_services.content.load(*m_window);
     m_services.keyboardBuffer.deliverTo(*m_window);
 }
 
 void OverlayWindowController::hide() {
     m_services.keyboardBuffer.cancel();
     m_window->hide();
+    m_services.content.putAway();
 }
 
 } // namespace zelmo

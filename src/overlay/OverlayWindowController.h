@@ -2,7 +2,6 @@
 
 #include "catalog/Overlay.h"
 
-#include <functional>
 #include <memory>
 
 namespace zelmo {
@@ -10,14 +9,14 @@ namespace zelmo {
 class KeyboardBuffer;
 class LauncherStore;
 class MainScreen;
+class OverlayContent;
 class OverlayWindow;
 
 // What the controller needs besides the store. All of it outlives the controller.
 struct OverlayServices {
     MainScreen& mainScreen;
     KeyboardBuffer& keyboardBuffer;
-    // Puts the wall's content into the window, once.
-    std::function<void(OverlayWindow&)> loadContent;
+    OverlayContent& content;
 };
 
 // Builds the wall's window, shows it on the screen that the user works on, and hides it. Owned by the
@@ -31,11 +30,9 @@ public:
     void hide() override;
 
 private:
-    enum class Content { missing, loaded };
-
     OverlayServices m_services;
     std::unique_ptr<OverlayWindow> m_window;
-    Content m_content = Content::missing;
+    bool m_contentIsLoaded = false;
 };
 
 } // namespace zelmo

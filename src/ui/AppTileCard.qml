@@ -1,107 +1,80 @@
 import QtQuick
 import Zelmo.Ui
 
+// What the cards of all layouts have in common: plate, selection, click. Their size is set by the grid.
 Item {
     id: card
 
+    required property LauncherStore store
     required property WallStyle style
     required property IconCache icons
     required property var app
     required property string name
     required property var appIcon
     required property string categoryLabel
+    required property string symbol
     required property color accentColor
+    required property var tileColors
+    required property string usageSummary
     required property bool selected
-    property bool isEditing: false
+    readonly property bool isEditing: card.store.isEditingApps
 
-    signal launched()
-    signal selectionToggled()
+    signal pressed()
+    onPressed: card.isEditing ? card.store.toggleSelection(card.app) : card.store.launch(card.app)
 
-    width: WallMetrics.columnWidth
+    scale: card.selected ? CardMetrics.selectedScale : 1
+
+    Keys.onReturnPressed: card.pressed()
+    Keys.onEnterPressed: card.pressed()
+    Keys.onSpacePressed: card.pressed()
 
     Accessible.role: Accessible.Button
-    Accessible.name: name
-    Accessible.checkable: card.isEditing
-    Accessible.checked: card.selected
-    Accessible.onPressAction: card.isEditing ? card.selectionToggled() : card.launched()
-
-    scale: card.selected ? WallMetrics.selectedScale : 1
+    Accessible.name: card.name
+    Accessible.description: card.usageSummary
+    Accessible.focusable: true
+    Accessible.selectable: card.isEditing
+    Accessible.selected: card.selected
+    Accessible.onPressAction: card.pressed()
 
     Behavior on scale {
         NumberAnimation {
-            duration: WallMetrics.selectionDuration
-            easing.type: Easing.OutCubic
+            duration: card.style.selectionDuration
+            easing.type: Easing.OutQuad
         }
     }
 
     PlateItem {
         anchors.fill: parent
-        visible: card.selected
-        radius: WallMetrics.plateRadius
-        colors: [WallMetrics.plateTopColor, WallMetrics.plateMiddleColor, WallMetrics.plateBottomColor]
-        direction: PlateItem.Down
-        strokeColors: [Qt.alpha("white", WallMetrics.plateOutlineOpacity)]
-    }
-
-    AppIconItem {
-        x: (parent.width - width) / 2
-        y: WallMetrics.cardPadding + (WallMetrics.cardIconFrame - height) / 2
-        width: WallMetrics.cardIconSide
-        height: width
-        cache: card.icons
-        icon: card.appIcon
-    }
-
-    Column {
-        id: labels
-
-        x: WallMetrics.cardPadding
-        y: WallMetrics.cardPadding + WallMetrics.cardIconFrame + WallMetrics.cardSpacing
-        width: parent.width - 2 * WallMetrics.cardPadding
-        spacing: WallMetrics.labelSpacing
-
-        Text {
-            width: parent.width
-            horizontalAlignment: Text.AlignHCenter
-            elide: Text.ElideRight
-            wrapMode: Text.Wrap
-            maximumLineCount: WallMetrics.nameLines
-            textFormat: Text.PlainText
-            text: card.name
-            color: card.style.textColor
-            opacity: WallMetrics.nameOpacity
-            font: card.style.appNameFont
-        }
-        Text {
-            width: parent.width
-            horizontalAlignment: Text.AlignHCenter
-            elide: Text.ElideRight
-            textFormat: Text.PlainText
-            text: card.categoryLabel
-            color: card.accentColor
-            opacity: WallMetrics.categoryOpacity
-            font: card.style.appCategoryFont
-        }
+        z: -1
+        radius: card.selected ? card.style.layout.selectedRadius : card.style.layout.plateRadius
+        colors: card.selected ? CardMetrics.selectedColors : [card.style.plateFill]
+        strokeColors: [card.selected ? CardMetrics.selectedOutline : card.style.plateOutline]
+        strokeWidth: card.selected ? CardMetrics.outlineWidth : card.style.plateOutlineWidth
     }
 
     SelectionBadge {
-        x: WallMetrics.badgeLeft
-        y: WallMetrics.badgeTop
+        x: card.LayoutMirroring.enabled ? parent.width - width - card.style.layout.badgeLeft : card.style.layout.badgeLeft
+        y: card.style.layout.badgeTop
+        z: 1
         isSelected: card.selected
-        scale: card.isEditing ? 1 : 0
-        opacity: scale
-        visible: scale > 0
-
-        Behavior on scale {
-            NumberAnimation {
-                duration: WallMetrics.selectionDuration
-                easing.type: Easing.OutCubic
-            }
-        }
+        isShown: card.isEditing
+        duration: card.style.selectionDuration
     }
 
-    TapHandler {
-        gesturePolicy: TapHandler.ReleaseWithinBounds
-        onTapped: card.isEditing ? card.selectionToggled() : card.launched()
+    FocusRing {
+        z: 1
+        cornerRadius: card.style.layout.selectedRadius
+    }
+
+    // Where a click counts, also between what is drawn.
+    PlateItem {
+        anchors.fill: parent
+        z: 2
+        radius: card.style.layout.selectedRadius
+
+        TapHandler {
+            gesturePolicy: TapHandler.ReleaseWithinBounds
+            onTapped: card.pressed()
+        }
     }
 }

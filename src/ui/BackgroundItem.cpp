@@ -14,7 +14,7 @@ namespace {
 class GradientNode : public QSGNode {
 public:
     // `size` is in points.
-    GradientNode(QQuickWindow& window, const QList<QColor>& colors, QSizeF size) {
+    GradientNode(QQuickWindow& window, const QList<QColor>& colors, QSizeF size, bool mirrored) {
         const double scale = window.effectiveDevicePixelRatio();
         const QSize pixels = (size * scale).toSize();
         const DiagonalGradient gradient(colors, pixels);
@@ -25,6 +25,8 @@ public:
             band->setTexture(m_texture.get());
             band->setSourceRect(gradient.bandStart(y), 0, pixels.width(), height);
             band->setRect(QRectF(0, y / scale, pixels.width() / scale, height / scale));
+            if (mirrored)
+                band->setTextureCoordinatesTransform(QSGImageNode::MirrorHorizontally);
             appendChildNode(band);
         }
     }
@@ -43,13 +45,48 @@ void BackgroundItem::setColors(const QList<QColor>& colors) {
     if (m_colors == colors)
         return;
     m_colors = colors;
-    repaint();
-    Q_EMIT colorsChanged();
+    noteChange();
+}
+
+void BackgroundItem::setBackdrop(DesktopBackdrop* backdrop) {
+    if (m_backdrop == backdrop)
+        return;
+    if (m_backdrop)
+        m_backdrop->disconnect(this);
+    m_backdrop = backdrop;
+    if (m_backdrop)
+        connect(m_backdrop, &DesktopBackdrop::changed, this, &BackgroundItem::noteChange);
+    noteChange();
+}
+
+void BackgroundItem::setMirrored(bool mirrored) {
+    if (m_mirrored == mirrored)
+        return;
+    m_mirrored = mirrored;
+    noteChange();
+}
+
+bool BackgroundItem::showsDesktop() const {
+    return m_backdrop && !m_backdrop->isNull();
+}
+
+QImage BackgroundItem::part(const QRect& pixels, double scale) const {
+    const QSize whole = (size() * scale).toSize();
+    const QRect area = pixels & QRect(QPoint(), whole);
+    if (area.isEmpty())
+        return {};
+    if (showsDesktop()) {
+        const QImage& picture = m_backdrop->picture();
+        return picture.copy(area & picture.rect());
+    }
+    if (!m_mirrored)
+        return DiagonalGradient(m_colors, whole).part(area);
+    const QRect reflected(whole.width() - area.right() - 1, area.top(), area.width(), area.height());
+    return DiagonalGradient(m_colors, whole).part(reflected).mirrored(true, false);
 }
 
 QSGNode* BackgroundItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
-    const QRectF area = boundingRect();
-    if (m_colors.isEmpty() || area.isEmpty()) {
+    if ((m_colors.isEmpty() && !showsDesktop()) || boundingRect().isEmpty()) {
         delete node;
         return nullptr;
     }
@@ -57,24 +94,36 @@ QSGNode* BackgroundItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
         return node;
     m_stale = false;
     delete node;
-    return new GradientNode(*window(), m_colors, area.size());
+    return newNode();
+}
+
+QSGNode* BackgroundItem::newNode() const {
+    if (!showsDesktop())
+        return new GradientNode(*window(), m_colors, size(), m_mirrored);
+    QSGImageNode* image = window()->createImageNode();
+    const QImage& picture = m_backdrop->picture();
+    image->setOwnsTexture(true);
+    image->setTexture(window()->createTextureFromImage(picture, QQuickWindow::TextureIsOpaque));
+    image->setRect(QRectF(QPointF(), QSizeF(picture.size()) / m_backdrop->scale()));
+    return image;
 }
 
 void BackgroundItem::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
     QQuickItem::geometryChange(newGeometry, oldGeometry);
     if (newGeometry.size() != oldGeometry.size())
-        repaint();
+        noteChange();
 }
 
 void BackgroundItem::itemChange(ItemChange change, const ItemChangeData& data) {
     if (change == ItemDevicePixelRatioHasChanged)
-        repaint();
+        noteChange();
     QQuickItem::itemChange(change, data);
 }
 
-void BackgroundItem::repaint() {
+void BackgroundItem::noteChange() {
     m_stale = true;
     update();
+    Q_EMIT contentChanged();
 }
 
 } // namespace zelmo

@@ -1,13 +1,17 @@
 #include "ui/CardGrid.h"
 
+#include <QKeyEvent>
 #include <QQmlComponent>
 #include <QQmlContext>
+#include <QQuickWindow>
 
 #include <cmath>
 
 namespace zelmo {
 
 CardGrid::CardGrid() {
+    setFlag(ItemIsFocusScope);
+    setActiveFocusOnTab(true);
     connect(this, &CardGrid::layoutChanged, this, &QQuickItem::polish);
     m_transition.setStartValue(0.0);
     m_transition.setEndValue(1.0);
@@ -27,6 +31,7 @@ void CardGrid::setModel(QAbstractItemModel* model) {
     if (m_model)
         m_model->disconnect(this);
     m_model = model;
+    forgetCurrent();
     dropCards();
     if (m_model) {
         connect(m_model, &QAbstractItemModel::rowsInserted, this, &QQuickItem::polish);
@@ -57,12 +62,13 @@ void CardGrid::updatePolish() {
     if (!isComponentComplete() || !m_model || !m_component)
         return;
     const int lines = (rowCount() + m_columns - 1) / m_columns;
-    setImplicitWidth(m_columns * (m_columnWidth + m_columnSpacing) - m_columnSpacing);
+    setImplicitWidth(m_columns * (columnWidth() + m_columnSpacing) - m_columnSpacing);
     setImplicitHeight(lines == 0 ? 0 : lines * (m_cardHeight + m_rowSpacing) - m_rowSpacing);
 
     endTransition();
     if (m_awaitedDuration > 0)
         setFadingCardsApart();
+    keepCurrent();
     const Range range = rowsInSight();
     std::vector<bool> isShown(static_cast<std::size_t>(range.end - range.first));
     std::vector<Card*> unused;
@@ -70,15 +76,24 @@ void CardGrid::updatePolish() {
         const int row = card.index.isValid() ? card.index.row() : -1;
         if (row >= range.first && row < range.end) {
             isShown[static_cast<std::size_t>(row - range.first)] = true;
-            moveOrPlace(*card.item, row);
+            moveOrPlace(card, row);
+        } else if (row >= 0 && row == m_currentRow) {
+            // It keeps the focus while it is out of sight.
+            moveOrPlace(card, row);
         } else {
             unused.push_back(&card);
         }
     }
     std::vector<Card> made;
+    // The current one may be out of sight.
+    std::vector<int> missing;
+    if (m_currentRow >= 0 && (m_currentRow < range.first || m_currentRow >= range.end) && !cardOf(m_currentRow))
+        missing.push_back(m_currentRow);
     for (int row = range.first; row < range.end; ++row) {
-        if (isShown[static_cast<std::size_t>(row - range.first)])
-            continue;
+        if (!isShown[static_cast<std::size_t>(row - range.first)])
+            missing.push_back(row);
+    }
+    for (const int row : missing) {
         if (!unused.empty()) {
             show(*unused.back(), row);
             unused.pop_back();
@@ -92,6 +107,133 @@ void CardGrid::updatePolish() {
     }
     m_cards.insert(m_cards.end(), made.begin(), made.end());
     startTransition();
+}
+
+void CardGrid::itemChange(ItemChange change, const ItemChangeData& data) {
+    QQuickItem::itemChange(change, data);
+    if (change != ItemActiveFocusHasChanged || !data.boolValue || !window() || window()->activeFocusItem() != this)
+        return;
+    // Not at once: the change of the focus is still under way.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (hasActiveFocus() && rowCount() > 0)
+                makeCurrent(m_current.isValid() ? m_current.row() : rowsInSight().first);
+        },
+        Qt::QueuedConnection);
+}
+
+void CardGrid::keyPressEvent(QKeyEvent* event) {
+    const int row = m_current.isValid() ? m_current.row() : -1;
+    const int last = rowCount() - 1;
+    const int forward = m_mirrored ? -1 : 1;
+    const int page = linesOnAPage() * m_columns;
+    int target = row;
+    switch (event->key()) {
+    case Qt::Key_Left:
+        target = row - forward;
+        break;
+    case Qt::Key_Right:
+        target = row + forward;
+        break;
+    case Qt::Key_Up:
+        target = row - m_columns;
+        break;
+    case Qt::Key_Down:
+        // From the last full line to a shorter one below it.
+        target = row / m_columns < last / m_columns ? std::min(row + m_columns, last) : row;
+        break;
+    case Qt::Key_Home:
+        target = 0;
+        break;
+    case Qt::Key_End:
+        target = last;
+        break;
+    case Qt::Key_PageUp:
+        target = std::max(row - page, row % m_columns);
+        break;
+    case Qt::Key_PageDown:
+        target = std::min(row + page, last);
+        break;
+    default:
+        event->ignore();
+        return;
+    }
+    // Beyond the first line is what stands above the grid.
+    if (row < 0 || (event->key() == Qt::Key_Up && target < 0)) {
+        event->ignore();
+        return;
+    }
+    makeCurrent(std::clamp(target, 0, last));
+}
+
+void CardGrid::forgetCurrent() {
+    m_current = QPersistentModelIndex();
+    m_currentRow = -1;
+}
+
+void CardGrid::scrollByPages(int pages) {
+    const qreal step = m_cardHeight + m_rowSpacing;
+    const qreal lowest = std::max<qreal>(0, implicitHeight() - m_visibleHeight);
+    Q_EMIT scrollRequested(std::clamp<qreal>(m_visibleTop + pages * linesOnAPage() * step, 0, lowest));
+}
+
+void CardGrid::makeCurrent(int row) {
+    m_current = QPersistentModelIndex(m_model->index(row, 0));
+    m_currentRow = row;
+    bringIntoSight(row);
+    updatePolish();
+    if (Card* card = cardOf(row))
+        card->item->forceActiveFocus(Qt::OtherFocusReason);
+}
+
+void CardGrid::bringIntoSight(int row) {
+    const qreal top = positionOf(row).y();
+    const qreal bottom = top + m_cardHeight;
+    if (top < m_visibleTop || row < m_columns)
+        Q_EMIT scrollRequested(row < m_columns ? 0 : top - m_rowSpacing / 2);
+    else if (bottom > m_visibleTop + m_visibleHeight)
+        Q_EMIT scrollRequested(bottom + m_rowSpacing - m_visibleHeight);
+}
+
+// When the current card's row is gone, the row that took its place is the current one.
+void CardGrid::keepCurrent() {
+    if (m_currentRow < 0)
+        return;
+    if (m_current.isValid()) {
+        m_currentRow = m_current.row();
+        return;
+    }
+    const int row = std::min(m_currentRow, rowCount() - 1);
+    const bool hadFocus = hasActiveFocus();
+    forgetCurrent();
+    if (!hadFocus)
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this, row] {
+            if (row >= 0 && row < rowCount())
+                makeCurrent(row);
+            else
+                Q_EMIT focusLost();
+        },
+        Qt::QueuedConnection);
+}
+
+CardGrid::Card* CardGrid::cardOf(int row) {
+    const auto card = std::find_if(m_cards.begin(), m_cards.end(), [row](const Card& candidate) {
+        return candidate.index.isValid() && candidate.index.row() == row;
+    });
+    return card == m_cards.end() ? nullptr : &*card;
+}
+
+qreal CardGrid::columnWidth() const {
+    return m_columns == 1 ? std::min(m_columnWidth, m_maximumWidth) : m_columnWidth;
+}
+
+int CardGrid::linesOnAPage() const {
+    const qreal step = m_cardHeight + m_rowSpacing;
+    return step > 0 ? std::max(1, static_cast<int>(m_visibleHeight / step)) : 1;
 }
 
 int CardGrid::rowCount() const {
@@ -131,6 +273,7 @@ CardGrid::Card CardGrid::makeCard(int row) {
     }
     card.item->setParent(this);
     card.item->setParentItem(this);
+    card.item->setSize({columnWidth(), m_cardHeight});
     card.item->setPosition(positionOf(row));
     return card;
 }
@@ -138,6 +281,7 @@ CardGrid::Card CardGrid::makeCard(int row) {
 void CardGrid::show(Card& card, int row) {
     card.index = QPersistentModelIndex(m_model->index(row, 0));
     writeRoles(card);
+    card.item->setSize({columnWidth(), m_cardHeight});
     card.item->setPosition(positionOf(row));
     card.item->setVisible(true);
 }
@@ -188,9 +332,9 @@ void CardGrid::endTransition() {
 }
 
 QPointF CardGrid::positionOf(int row) const {
-    const int column = row % m_columns;
+    const int column = m_mirrored ? m_columns - 1 - row % m_columns : row % m_columns;
     const int line = row / m_columns;
-    return {column * (m_columnWidth + m_columnSpacing), line * (m_cardHeight + m_rowSpacing)};
+    return {column * (columnWidth() + m_columnSpacing), line * (m_cardHeight + m_rowSpacing)};
 }
 
 void CardGrid::noteRemoval() {
@@ -198,12 +342,13 @@ void CardGrid::noteRemoval() {
     polish();
 }
 
-void CardGrid::moveOrPlace(QQuickItem& item, int row) {
+void CardGrid::moveOrPlace(const Card& card, int row) {
     const QPointF target = positionOf(row);
-    if (m_awaitedDuration > 0 && item.position() != target)
-        m_moves.push_back({&item, item.position(), target});
+    card.item->setSize({columnWidth(), m_cardHeight});
+    if (m_awaitedDuration > 0 && card.item->position() != target)
+        m_moves.push_back({card.item, card.item->position(), target});
     else
-        item.setPosition(target);
+        card.item->setPosition(target);
 }
 
 void CardGrid::noteData(const QModelIndex& first, const QModelIndex& last) {

@@ -1,5 +1,6 @@
 #include "ui/PlateItem.h"
 
+#include "iconart/ContinuousRectangle.h"
 #include "ui/PlateCache.h"
 
 #include <QQuickWindow>
@@ -40,6 +41,10 @@ PlateStyle PlateItem::style() const {
             .stroke = {m_strokeColors, static_cast<GradientDirection>(m_strokeDirection)},
             .strokeWidth = m_strokeWidth,
             .shadow = {.opacity = m_shadowOpacity, .radius = m_shadowRadius, .offset = m_shadowOffset}};
+}
+
+bool PlateItem::contains(const QPointF& point) const {
+    return continuousRectangle(boundingRect(), m_radius).contains(point);
 }
 
 QSGNode* PlateItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {

@@ -28,6 +28,9 @@ public:
 
     PlateStyle style() const;
 
+    // Within the corners.
+    bool contains(const QPointF& point) const override;
+
 Q_SIGNALS:
     void changed();
 

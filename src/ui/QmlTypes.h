@@ -2,6 +2,7 @@
 
 #include "catalog/AppIcon.h"
 #include "catalog/LauncherStore.h"
+#include "ui/CardLayout.h"
 #include "ui/IconCache.h"
 
 #include <QtQml/qqmlregistration.h>
@@ -19,6 +20,12 @@ struct LauncherStoreForQml {
 struct AppIconForQml {
     Q_GADGET
     QML_FOREIGN(zelmo::AppIcon)
+    QML_ANONYMOUS
+};
+
+struct CardLayoutForQml {
+    Q_GADGET
+    QML_FOREIGN(zelmo::CardLayout)
     QML_ANONYMOUS
 };
 

@@ -6,30 +6,63 @@ PlateItem {
 
     required property LauncherStore store
     required property WallStyle style
+    required property HelpTip tip
+    required property Item below
 
-    height: WallMetrics.searchHeight + 2 * WallMetrics.searchVerticalPadding
-    radius: WallMetrics.searchRadius
-    colors: [Qt.alpha("white", WallMetrics.searchFillOpacity)]
-    strokeColors: [Qt.alpha("white", WallMetrics.searchOutlineOpacity)]
+    readonly property Item field: input
 
-    TextInput {
-        id: field
+    height: HeaderMetrics.editSide + 2 * HeaderMetrics.searchVerticalPadding
+    radius: HeaderMetrics.searchRadius
+    colors: [HeaderMetrics.searchFill]
+
+    PlateItem {
+        anchors.fill: parent
+        radius: HeaderMetrics.searchRadius
+        colors: HeaderMetrics.searchWash
+        strokeColors: [HeaderMetrics.searchOutline]
+    }
+
+    PlateItem {
+        id: badge
 
         anchors {
             left: parent.left
+            leftMargin: HeaderMetrics.searchHorizontalPadding
+            verticalCenter: parent.verticalCenter
+        }
+        width: HeaderMetrics.searchBadgeSide
+        height: width
+        radius: width / 2
+        colors: HeaderMetrics.searchBadgeColors
+
+        SymbolItem {
+            anchors.centerIn: parent
+            name: "magnifyingglass"
+            textSize: HeaderMetrics.searchSymbolSize
+            weight: Font.Black
+        }
+    }
+
+    TextInput {
+        id: input
+
+        anchors {
+            left: badge.right
             right: buttons.left
-            leftMargin: WallMetrics.searchHorizontalPadding
-            rightMargin: WallMetrics.searchSpacing
+            leftMargin: HeaderMetrics.searchSpacing
+            rightMargin: HeaderMetrics.searchSpacing
             verticalCenter: parent.verticalCenter
         }
         focus: true
+        activeFocusOnTab: true
         clip: true
         selectByMouse: true
         color: row.style.textColor
-        opacity: WallMetrics.searchTextOpacity
+        opacity: HeaderMetrics.searchTextOpacity
         font: row.style.searchFont
         text: row.store.searchText
         onTextEdited: row.store.searchText = text
+        KeyNavigation.down: row.below
 
         Accessible.role: Accessible.EditableText
         Accessible.name: placeholder.text
@@ -39,14 +72,17 @@ PlateItem {
         id: placeholder
 
         anchors {
-            left: field.left
-            verticalCenter: field.verticalCenter
+            left: input.left
+            right: input.right
+            verticalCenter: input.verticalCenter
         }
+        elide: Text.ElideRight
         text: "Search apps"
         color: row.style.textColor
-        opacity: WallMetrics.placeholderOpacity
-        font: field.font
-        visible: field.length === 0 && field.preeditText.length === 0
+        opacity: HeaderMetrics.placeholderOpacity
+        font: row.style.searchFont
+        visible: input.length === 0 && input.preeditText.length === 0
+        Accessible.ignored: true
     }
 
     Row {
@@ -54,37 +90,56 @@ PlateItem {
 
         anchors {
             right: parent.right
-            rightMargin: WallMetrics.searchHorizontalPadding
+            rightMargin: HeaderMetrics.searchHorizontalPadding
             verticalCenter: parent.verticalCenter
         }
-        spacing: WallMetrics.searchSpacing
+        spacing: HeaderMetrics.searchSpacing
 
         EditButton {
             visible: row.store.isEditingApps
             enabled: row.store.selectionCount > 0
             title: "Uninstall"
             helpText: enabled ? "Move selected apps to Trash" : "Select apps to uninstall"
+            tip: row.tip
             symbol: "trash.fill"
-            startColor: WallMetrics.uninstallColor
+            symbolWeight: Font.Bold
+            colors: HeaderMetrics.uninstallColors
             onPressed: row.store.hideSelectedAppsFromLauncher()
+            KeyNavigation.up: input
+            KeyNavigation.down: row.below
         }
         EditButton {
             visible: row.store.isEditingApps
             title: "Done"
             helpText: "Finish selecting"
+            tip: row.tip
             symbol: "checkmark"
-            startColor: WallMetrics.selectStartColor
-            endColor: WallMetrics.selectEndColor
+            colors: HeaderMetrics.selectColors
             onPressed: row.store.finishEditing()
+            KeyNavigation.up: input
+            KeyNavigation.down: row.below
         }
         EditButton {
             visible: !row.store.isEditingApps
             title: "Select"
             helpText: "Select multiple apps"
+            tip: row.tip
             symbol: "checkmark.circle"
-            startColor: WallMetrics.selectStartColor
-            endColor: WallMetrics.selectEndColor
+            colors: HeaderMetrics.selectColors
             onPressed: row.store.isEditingApps = true
+            KeyNavigation.up: input
+            KeyNavigation.down: row.below
+        }
+        EditButton {
+            visible: !row.store.isEditingApps
+            title: "Settings"
+            helpText: "Settings"
+            tip: row.tip
+            symbol: "gearshape.fill"
+            colors: HeaderMetrics.settingsColors
+            onPressed: row.store.showSettings()
+            KeyNavigation.up: input
+            KeyNavigation.down: row.below
         }
     }
 }

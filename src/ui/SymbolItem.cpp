@@ -3,6 +3,7 @@
 #include "iconart/Symbol.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace zelmo {
 
@@ -17,6 +18,16 @@ FontWeight fontWeight(int weight) {
 
 SymbolItem::SymbolItem() {
     connect(this, &SymbolItem::appearanceChanged, this, [this] { update(); });
+}
+
+// Whole points, so that the symbol stands on whole pixels when it is centred among even lengths.
+void SymbolItem::setTextSize(qreal size) {
+    if (m_textSize == size)
+        return;
+    m_textSize = size;
+    const qreal side = std::round(size * symbolSideRatio);
+    setImplicitSize(side, side);
+    Q_EMIT textSizeChanged();
 }
 
 void SymbolItem::paint(QPainter* painter) {

@@ -2,7 +2,8 @@
 
 #include "catalog/LauncherStore.h"
 #include "ui/ListChanges.h"
-#include "ui/WallStyle.h"
+#include "ui/StyleColors.h"
+#include "ui/TilePalette.h"
 
 namespace zelmo {
 
@@ -20,15 +21,17 @@ QList<FileUrl> identities(const QList<LaunchableApp>& apps) {
 
 WallModel::WallModel(const LauncherStore& store) : m_store(store), m_apps(store.visibleApps()) {
     connect(&store, &LauncherStore::appsChanged, this, &WallModel::update);
-    connect(&store, &LauncherStore::selectedCategoryChanged, this, &WallModel::update);
-    connect(&store, &LauncherStore::showsMostUsedChanged, this, &WallModel::update);
+    connect(&store, &LauncherStore::selectedCategoryChanged, this, &WallModel::updateFilter);
+    connect(&store, &LauncherStore::showsMostUsedChanged, this, &WallModel::updateFilter);
     connect(&store, &LauncherStore::searchTextChanged, this, &WallModel::update);
     // The use of applications changes while the wall is away.
     connect(&store, &LauncherStore::overlayIsVisibleChanged, this, [this] {
-        if (m_store.overlayIsVisible())
-            update();
+        if (!m_store.overlayIsVisible())
+            return;
+        update();
+        announce(UsageSummaryRole);
     });
-    connect(&store, &LauncherStore::selectedAppIDsChanged, this, &WallModel::announceSelection);
+    connect(&store, &LauncherStore::selectedAppIDsChanged, this, [this] { announce(SelectedRole); });
 }
 
 int WallModel::rowCount(const QModelIndex& parent) const {
@@ -50,8 +53,16 @@ QVariant WallModel::data(const QModelIndex& index, int role) const {
         return QVariant::fromValue(app.icon);
     case CategoryLabelRole:
         return QString::fromLatin1(style.shortLabel.data(), static_cast<qsizetype>(style.shortLabel.size()));
+    case SymbolRole:
+        return QString::fromLatin1(style.symbolName.data(), static_cast<qsizetype>(style.symbolName.size()));
     case AccentColorRole:
         return toQColor(style.accentColor);
+    case TileColorsRole: {
+        const TileFill fill = lumiaTileFill(app.name);
+        return QVariant::fromValue(QList{fill.start, fill.end});
+    }
+    case UsageSummaryRole:
+        return m_store.showsMostUsed() ? m_store.usageSummary(app).value_or(QString()) : QString();
     case SelectedRole:
         return m_store.selectedAppIDs().contains(app.id);
     default:
@@ -64,12 +75,26 @@ QHash<int, QByteArray> WallModel::roleNames() const {
             {NameRole, "name"},
             {IconRole, "appIcon"},
             {CategoryLabelRole, "categoryLabel"},
+            {SymbolRole, "symbol"},
             {AccentColorRole, "accentColor"},
+            {TileColorsRole, "tileColors"},
+            {UsageSummaryRole, "usageSummary"},
             {SelectedRole, "selected"}};
+}
+
+int WallModel::filter() const {
+    return m_store.showsMostUsed() ? -1 : static_cast<int>(m_store.selectedCategory());
+}
+
+void WallModel::updateFilter() {
+    update();
+    announce(UsageSummaryRole);
+    Q_EMIT filterChanged();
 }
 
 void WallModel::update() {
     const QList<LaunchableApp> fresh = m_store.visibleApps();
+    const bool wasEmpty = isEmpty();
     for (const ListChange& change : listChanges(identities(m_apps), identities(fresh))) {
         const int last = change.first + change.count - 1;
         switch (change.kind) {
@@ -92,11 +117,13 @@ void WallModel::update() {
         }
     }
     announceChangedRows(fresh);
+    if (isEmpty() != wasEmpty)
+        Q_EMIT isEmptyChanged();
 }
 
-void WallModel::announceSelection() {
+void WallModel::announce(Role role) {
     if (!m_apps.isEmpty())
-        Q_EMIT dataChanged(index(0), index(rowCount() - 1), {SelectedRole});
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1), {role});
 }
 
 void WallModel::announceChangedRows(const QList<LaunchableApp>& fresh) {

@@ -16,6 +16,9 @@ class WallModel : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made with its store")
+    // A number for what the wall shows apart from the search; another one after each change of it.
+    Q_PROPERTY(int filter READ filter NOTIFY filterChanged)
+    Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY isEmptyChanged)
 
 public:
     enum Role {
@@ -23,7 +26,10 @@ public:
         NameRole,
         IconRole,
         CategoryLabelRole,
+        SymbolRole,
         AccentColorRole,
+        TileColorsRole,   // of the gradient
+        UsageSummaryRole, // empty while the wall does not show Most Used, and for what was never used
         SelectedRole,
     };
 
@@ -33,9 +39,17 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
+    int filter() const;
+    bool isEmpty() const { return m_apps.isEmpty(); }
+
+Q_SIGNALS:
+    void filterChanged();
+    void isEmptyChanged();
+
 private:
+    void updateFilter();
     void update();
-    void announceSelection();
+    void announce(Role role);
     void announceChangedRows(const QList<LaunchableApp>& fresh);
 
     const LauncherStore& m_store;

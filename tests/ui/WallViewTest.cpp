@@ -1,103 +1,16 @@
-#include "ui/WallView.h"
-#include "overlay/OverlayWindow.h"
-#include "support/CatalogFakes.h"
-#include "support/FixedFontFaces.h"
-#include "ui/AppIconItem.h"
-#include "ui/IconSource.h"
+#include "ui/WallFixture.h"
 
 #include <QAccessible>
-#include <QQuickItem>
-#include <QTest>
 
 using namespace zelmo;
 using namespace zelmo::test;
-
-namespace {
-
-class BlueIconSource : public IconSource {
-public:
-    QImage icon(const AppIcon&, int points, double scale) const override {
-        const int pixels = static_cast<int>(points * scale);
-        QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::blue);
-        return image;
-    }
-};
-
-QList<FoundApplication> applications(int count) {
-    QList<FoundApplication> list;
-    for (int i = 0; i < count; ++i)
-        list.append(found(QStringLiteral("App %1").arg(i, 5, 10, QLatin1Char('0')),
-                          i % 2 ? "public.app-category.developer-tools" : nullptr));
-    return list;
-}
-
-void collect(QQuickItem* item, const char* type, QList<QQuickItem*>& found) {
-    if (item->inherits(type) && item->isVisible())
-        found.append(item);
-    for (QQuickItem* child : item->childItems())
-        collect(child, type, found);
-}
-
-// The wall in a window of its own, on fakes.
-class Fixture {
-public:
-    explicit Fixture(int count, const PreferenceValues& values = {}, QSize size = {1920, 1080})
-        : store(applications(count), values), icons(iconSource) {
-        loadWall(window, *store.store, *store.preferences, faces, icons);
-        window.resize(size);
-        window.show();
-        window.requestActivate();
-    }
-
-    QList<QQuickItem*> items(const char* type) {
-        QList<QQuickItem*> list;
-        collect(window.rootObject(), type, list);
-        return list;
-    }
-    // Texts in sight with this content.
-    QList<QQuickItem*> texts(const QString& text) {
-        QList<QQuickItem*> list = items("QQuickText");
-        list.removeIf([&](const QQuickItem* item) { return item->property("text").toString() != text; });
-        return list;
-    }
-    // The button in sight with this name for screen readers.
-    QQuickItem* button(const char* title) {
-        QList<QQuickItem*> list;
-        collect(window.rootObject(), "QQuickItem", list);
-        list.removeIf([&](const QQuickItem* item) {
-            return item->property("title").toString() != QLatin1StringView(title) ||
-                   !item->property("helpText").isValid();
-        });
-        return list.value(0);
-    }
-    void press(const char* title) {
-        QQuickItem* item = button(title);
-        QVERIFY2(item, title);
-        QTest::mouseClick(&window, Qt::LeftButton, {}, place(item).center().toPoint());
-    }
-    QRectF place(const QQuickItem* item) {
-        return item->mapRectToScene(QRectF(QPointF(0, 0), QSizeF(item->width(), item->height())));
-    }
-    bool waitForCards(int count) {
-        return QTest::qWaitFor([&] { return items("zelmo::AppIconItem").size() == count; });
-    }
-
-    StoreFixture store;
-    FixedFontFaces faces;
-    BlueIconSource iconSource;
-    IconCache icons;
-    OverlayWindow window;
-};
-
-} // namespace
 
 class WallViewTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void sixColumnsOf154Stand22Apart() {
-        Fixture fixture(20);
+        WallFixture fixture(20);
         QVERIFY(fixture.waitForCards(20));
         QList<QRectF> icons;
         for (const QQuickItem* item : fixture.items("zelmo::AppIconItem"))
@@ -116,7 +29,7 @@ private Q_SLOTS:
     }
 
     void narrowWindowsKeepTheColumns() {
-        Fixture fixture(20, {}, {800, 600});
+        WallFixture fixture(20, {}, {800, 600});
         QVERIFY(QTest::qWaitFor([&] { return !fixture.items("zelmo::AppIconItem").isEmpty(); }));
         QSet<int> columns;
         for (const QQuickItem* item : fixture.items("zelmo::AppIconItem"))
@@ -125,7 +38,7 @@ private Q_SLOTS:
     }
 
     void aCardShowsIconNameAndCategoryBelowEachOther() {
-        Fixture fixture(2);
+        WallFixture fixture(2);
         QVERIFY(fixture.waitForCards(2));
         const auto name = fixture.texts(QStringLiteral("App 00001"));
         const auto label = fixture.texts(QStringLiteral("Builder"));
@@ -147,7 +60,7 @@ private Q_SLOTS:
     }
 
     void settingsShowAtOnce() {
-        Fixture fixture(2);
+        WallFixture fixture(2);
         QVERIFY(fixture.waitForCards(2));
         fixture.store.preferences->setValue<PreferenceKey::appNameFontSize>(20);
         fixture.store.preferences->setValue<PreferenceKey::launcherTextBlue>(0.5);
@@ -157,14 +70,14 @@ private Q_SLOTS:
     }
 
     void theIconIsPaintedWhereTheCardIs() {
-        Fixture fixture(1);
+        WallFixture fixture(1);
         QVERIFY(fixture.waitForCards(1));
         const QPoint center = fixture.place(fixture.items("zelmo::AppIconItem")[0]).center().toPoint();
         QTRY_COMPARE(fixture.window.grabWindow().pixelColor(center), QColor(Qt::blue));
     }
 
     void theBackgroundRunsFromCornerToCorner() {
-        Fixture fixture(0, {{QStringLiteral("launcherBackgroundStyle"), QStringLiteral("candyPop")}});
+        WallFixture fixture(0, {{QStringLiteral("launcherBackgroundStyle"), QStringLiteral("candyPop")}});
         QTRY_VERIFY(fixture.window.isExposed());
         const QImage wall = fixture.window.grabWindow();
         const auto isNear = [](QColor a, float red, float green, float blue) {
@@ -181,9 +94,9 @@ private Q_SLOTS:
     }
 
     void aPlainColorFillsTheBackground() {
-        Fixture fixture(0, {{QStringLiteral("launcherBackgroundStyle"), QStringLiteral("customColor")},
-                            {QStringLiteral("launcherBackgroundRed"), 2.0},
-                            {QStringLiteral("launcherBackgroundGreen"), QStringLiteral("0.3")}});
+        WallFixture fixture(0, {{QStringLiteral("launcherBackgroundStyle"), QStringLiteral("customColor")},
+                                {QStringLiteral("launcherBackgroundRed"), 2.0},
+                                {QStringLiteral("launcherBackgroundGreen"), QStringLiteral("0.3")}});
         QTRY_VERIFY(fixture.window.isExposed());
         const QImage wall = fixture.window.grabWindow();
         // Too red a red is the reddest; a text is no number, so the default green and blue stand.
@@ -192,7 +105,7 @@ private Q_SLOTS:
     }
 
     void typingGoesToTheSearchFieldAndNarrows() {
-        Fixture fixture(12);
+        WallFixture fixture(12);
         QVERIFY(fixture.waitForCards(12));
         QVERIFY(QTest::qWaitForWindowActive(&fixture.window));
         for (const char key : {'0', '0', '0', '0', '7'})
@@ -206,7 +119,7 @@ private Q_SLOTS:
     }
 
     void aClickOnACardLaunchesIt() {
-        Fixture fixture(6);
+        WallFixture fixture(6);
         QVERIFY(fixture.waitForCards(6));
         fixture.store.store->showOverlay();
         const QPoint place = fixture.place(fixture.texts(QStringLiteral("App 00003"))[0]).center().toPoint();
@@ -219,7 +132,7 @@ private Q_SLOTS:
     }
 
     void aClickOnEmptySpaceHidesTheWall() {
-        Fixture fixture(2);
+        WallFixture fixture(2);
         QVERIFY(fixture.waitForCards(2));
         for (const QPoint place : {QPoint(5, 500), QPoint(1200, 1000)}) {
             fixture.store.store->showOverlay();
@@ -231,7 +144,7 @@ private Q_SLOTS:
     }
 
     void editModeSelectsInsteadOfLaunching() {
-        Fixture fixture(6);
+        WallFixture fixture(6);
         QVERIFY(fixture.waitForCards(6));
         LauncherStore& store = *fixture.store.store;
         store.showOverlay();
@@ -271,7 +184,7 @@ private Q_SLOTS:
     }
 
     void removedCardsFadeAndTheOthersCloseUp() {
-        Fixture fixture(12);
+        WallFixture fixture(12);
         QVERIFY(fixture.waitForCards(12));
         LauncherStore& store = *fixture.store.store;
         fixture.store.waitForRest();
@@ -309,11 +222,12 @@ private Q_SLOTS:
         QFETCH(double, categorySpacing);
         // Fonts keep it in 64ths.
         const auto isNear = [](double spacing, double wanted) { return std::abs(spacing - wanted) < 1.0 / 64; };
-        Fixture fixture(1);
+        WallFixture fixture(1);
         QVERIFY(fixture.waitForCards(1));
         fixture.store.preferences->setValue<PreferenceKey::launcherFontStyle>(style);
         const auto fontOf = [&](const char* text) {
-            return fixture.texts(QString::fromLatin1(text))[0]->property("font").value<QFont>();
+            // Of two the one on the card, which comes after the chip.
+            return fixture.texts(QString::fromLatin1(text)).last()->property("font").value<QFont>();
         };
         const QFont name = fontOf("App 00000");
         QTEST(int(name.weight()), "nameWeight");
@@ -326,7 +240,7 @@ private Q_SLOTS:
     }
 
     void aLongNameEndsInAnEllipsis() {
-        Fixture fixture(0);
+        WallFixture fixture(0);
         fixture.store.installed.set({found(QStringLiteral("Donaudampfschifffahrtsgesellschaftskapit\u00e4n"))});
         fixture.store.store->refresh();
         QVERIFY(fixture.waitForCards(1));
@@ -337,7 +251,7 @@ private Q_SLOTS:
     }
 
     void namesAreNeverTakenForMarkup() {
-        Fixture fixture(0);
+        WallFixture fixture(0);
         fixture.store.installed.set({found(QStringLiteral("<b>Bold</b>"))});
         fixture.store.store->refresh();
         QVERIFY(fixture.waitForCards(1));
@@ -345,13 +259,13 @@ private Q_SLOTS:
     }
 
     void tenThousandApplicationsNeedOnlyTheCardsInSight() {
-        Fixture fixture(10000);
+        WallFixture fixture(10000);
         QVERIFY(QTest::qWaitFor([&] { return !fixture.items("zelmo::AppIconItem").isEmpty(); }, 20000));
         QVERIFY(fixture.items("zelmo::AppIconItem").size() <= 6 * 6);
     }
 
     void cardsAreButtonsWithTheirNamesForScreenReaders() {
-        Fixture fixture(3);
+        WallFixture fixture(3);
         QVERIFY(fixture.waitForCards(3));
         QAccessible::setActive(true);
         const auto name = fixture.texts(QStringLiteral("App 00002"));

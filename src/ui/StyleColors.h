@@ -1,0 +1,16 @@
+#pragma once
+
+#include "preferences/StyleColor.h"
+
+#include <QColor>
+
+namespace zelmo {
+
+// A user's colour may lie outside 0 to 1; what is drawn is the nearest colour there is.
+QColor toQColor(const StyleColor& color);
+// The colour with its opacity reduced to this part of it.
+QColor withOpacity(QColor color, double part);
+QColor white(double opacity);
+QColor black(double opacity);
+
+} // namespace zelmo

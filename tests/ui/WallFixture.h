@@ -1,0 +1,115 @@
+#pragma once
+
+#include "overlay/OverlayWindow.h"
+#include "support/CatalogFakes.h"
+#include "support/FixedFontFaces.h"
+#include "ui/AppIconItem.h"
+#include "ui/DesktopCapture.h"
+#include "ui/IconSource.h"
+#include "ui/WallContent.h"
+
+#include <QQuickItem>
+#include <QScreen>
+#include <QTest>
+
+namespace zelmo::test {
+
+class BlueIconSource : public IconSource {
+public:
+    QImage icon(const AppIcon&, int points, double scale) const override {
+        const int pixels = static_cast<int>(points * scale);
+        QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::blue);
+        return image;
+    }
+};
+
+inline QList<FoundApplication> applications(int count) {
+    QList<FoundApplication> list;
+    for (int i = 0; i < count; ++i)
+        list.append(found(QStringLiteral("App %1").arg(i, 5, 10, QLatin1Char('0')),
+                          i % 2 ? "public.app-category.developer-tools" : nullptr));
+    return list;
+}
+
+inline void collect(QQuickItem* item, const char* type, QList<QQuickItem*>& found) {
+    if (item->inherits(type) && item->isVisible())
+        found.append(item);
+    for (QQuickItem* child : item->childItems())
+        collect(child, type, found);
+}
+
+// A desktop that is the same wherever one looks, and that can be hidden.
+class PlainDesktop : public DesktopCapture {
+public:
+    QImage capture(const QScreen& screen) override {
+        ++captures;
+        if (!color.isValid())
+            return {};
+        QImage image((QSizeF(screen.size()) * screen.devicePixelRatio()).toSize(), QImage::Format_RGB32);
+        image.fill(color);
+        return image;
+    }
+
+    QColor color;
+    int captures = 0;
+};
+
+// The wall in a window of its own, on fakes.
+class WallFixture {
+public:
+    explicit WallFixture(int count, const PreferenceValues& values = {}, QSize size = {1920, 1080})
+        : store(applications(count), values), icons(iconSource) {
+        content.load(window);
+        window.resize(size);
+        window.show();
+        window.requestActivate();
+    }
+
+    QList<QQuickItem*> items(const char* type) {
+        QList<QQuickItem*> list;
+        collect(window.rootObject(), type, list);
+        return list;
+    }
+    // Texts in sight with this content.
+    QList<QQuickItem*> texts(const QString& text) {
+        QList<QQuickItem*> list = items("QQuickText");
+        list.removeIf([&](const QQuickItem* item) { return item->property("text").toString() != text; });
+        return list;
+    }
+    // The button in sight with this name for screen readers.
+    QQuickItem* button(const char* title) {
+        QList<QQuickItem*> list;
+        collect(window.rootObject(), "QQuickItem", list);
+        list.removeIf([&](const QQuickItem* item) {
+            return item->property("title").toString() != QLatin1StringView(title) ||
+                   !item->property("helpText").isValid();
+        });
+        return list.value(0);
+    }
+    void press(const char* title) {
+        QQuickItem* item = button(title);
+        QVERIFY2(item, title);
+        QTest::mouseClick(&window, Qt::LeftButton, {}, place(item).center().toPoint());
+    }
+    QRectF place(const QQuickItem* item) {
+        return item->mapRectToScene(QRectF(QPointF(0, 0), QSizeF(item->width(), item->height())));
+    }
+    bool waitForCards(int count) {
+        return QTest::qWaitFor([&] { return items("zelmo::AppIconItem").size() == count; });
+    }
+
+    StoreFixture store;
+    FixedFontFaces faces;
+    BlueIconSource iconSource;
+    IconCache icons;
+    PlainDesktop desktop;
+    WallContent content{{.store = *store.store,
+                         .preferences = *store.preferences,
+                         .fontFaces = faces,
+                         .icons = icons,
+                         .desktopCapture = desktop}};
+    OverlayWindow window;
+};
+
+} // namespace zelmo::test
