@@ -11,7 +11,7 @@ inline QPoint cardCenter(const DesktopSession& session, int column) {
     const int columns = 6;
     const int step = 154 + 22;
     const int left = (session.display().size().width() - (columns * step - 22)) / 2;
-    return {left + column * step + 77, 330};
+    return {left + column * step + 77, 346};
 }
 
 // The program under test, started on a desktop, and its wall as it is seen there.
