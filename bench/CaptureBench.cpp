@@ -1,5 +1,7 @@
-// What it costs to take the picture of a screen, on an X server of its own.
+// What it costs to look at the desktop as the wall opens, on an X server of its own: the picture of a screen, and
+// whether the user wants less movement.
 
+#include "platform/linux/desktop/DesktopMotionPreference.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11RootReader.h"
 #include "support/DesktopSession.h"
@@ -13,21 +15,27 @@ using namespace std::chrono_literals;
 
 namespace {
 
+constexpr QSize screenSize(1920, 1080);
+
+std::unique_ptr<test::DesktopSession> startSession(QSize size, test::SharedMemory sharedMemory) {
+    return test::DesktopSession::start({.screen = size, .sharedMemory = sharedMemory, .windowManager = {}});
+}
+
+QImage wholeScreen(const X11Connection& connection) {
+    const X11RootReader reader(connection.get(), connection.root(), 10s);
+    return reader.picture(reader.area().value_or(QRect()));
+}
+
 void pictureOfAScreen(benchmark::State& state, test::SharedMemory sharedMemory) {
-    const QSize size = QSize(1920, 1080) * static_cast<int>(state.range(0));
-    const auto session =
-        test::DesktopSession::start({.screen = size, .sharedMemory = sharedMemory, .windowManager = {}});
+    const QSize size = screenSize * static_cast<int>(state.range(0));
+    const auto session = startSession(size, sharedMemory);
     const auto connection = session ? X11Connection::open(session->displayName().toLatin1()) : nullptr;
-    if (!connection) {
-        state.SkipWithError("no X server starts");
+    if (!connection || wholeScreen(*connection).size() != size) {
+        state.SkipWithError("there is no picture");
         return;
     }
-    for (auto _ : state) {
-        const X11RootReader reader(connection->get(), connection->root(), 10s);
-        const QImage picture = reader.picture(reader.area().value_or(QRect()));
-        if (picture.size() != size)
-            state.SkipWithError("there is no picture");
-    }
+    for (auto _ : state)
+        benchmark::DoNotOptimize(wholeScreen(*connection));
 }
 BENCHMARK_CAPTURE(pictureOfAScreen, throughSharedMemory, test::SharedMemory::offered)
     ->Arg(1)
@@ -38,6 +46,36 @@ BENCHMARK_CAPTURE(pictureOfAScreen, throughTheConnection, test::SharedMemory::mi
     ->Arg(1)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
+
+// Of a program that has asked the server for nothing yet.
+void firstPictureOfAScreen(benchmark::State& state) {
+    const auto session = startSession(screenSize, test::SharedMemory::offered);
+    for (auto _ : state) {
+        const auto connection = session ? X11Connection::open(session->displayName().toLatin1()) : nullptr;
+        if (!connection) {
+            state.SkipWithError("no X server starts");
+            return;
+        }
+        const auto start = std::chrono::steady_clock::now();
+        const QImage picture = wholeScreen(*connection);
+        state.SetIterationTime(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+    }
+}
+BENCHMARK(firstPictureOfAScreen)->Unit(benchmark::kMillisecond)->UseManualTime();
+
+// Where nobody has said anything of it, so that every place is looked into.
+void motionPreference(benchmark::State& state) {
+    const auto session = startSession(screenSize, test::SharedMemory::offered);
+    const auto connection = session ? X11Connection::open(session->displayName().toLatin1()) : nullptr;
+    if (!connection) {
+        state.SkipWithError("no X server starts");
+        return;
+    }
+    const DesktopMotionPreference preference(connection.get(), {"/etc/xdg"});
+    for (auto _ : state)
+        benchmark::DoNotOptimize(preference.reducesMotion());
+}
+BENCHMARK(motionPreference)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 } // namespace
 

@@ -228,8 +228,8 @@ bool DesktopSession::startServer(const DesktopOptions& options) {
     m_environment.insert(QStringLiteral("DISPLAY"), m_displayName);
     m_server = std::move(server);
     m_display = XDisplay::open(m_displayName);
-    if (m_display && options.monitors == Monitors::sideBySide)
-        divideScreen(*m_display);
+    if (m_display && options.monitors != Monitors::one)
+        divideScreen(*m_display, options.monitors == Monitors::leftPrimary ? Monitor::left : Monitor::right);
     return m_display != nullptr;
 }
 

@@ -1,10 +1,13 @@
 #include "support/Monitors.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdlib>
-#include <cstring>
 #include <memory>
 #include <string_view>
+#include <sys/uio.h>
 #include <xcb/randr.h>
+#include <xcb/xcbext.h>
 
 namespace zelmo::test {
 
@@ -17,9 +20,11 @@ struct FreeDeleter {
 template <typename Reply>
 using Owned = std::unique_ptr<Reply, FreeDeleter>;
 
-struct MonitorInfo {
-    xcb_randr_monitor_info_t fixed;
-    xcb_randr_output_t output; // when the number of outputs is 1
+// A request as it goes over the wire; the library's own function for it finds a wrong length.
+struct SetMonitorRequest {
+    xcb_randr_set_monitor_request_t head;
+    xcb_randr_monitor_info_t monitor;
+    xcb_randr_output_t output; // there when the number of outputs is 1
 };
 
 xcb_atom_t nameOf(const XDisplay& display, Monitor monitor) {
@@ -40,25 +45,51 @@ xcb_randr_output_t outputOf(const XDisplay& display) {
     return xcb_randr_get_screen_resources_current_outputs(reply.get())[0];
 }
 
-// Takes the place of a monitor with the same name, and the output from the one that has it, which is gone then.
+// Takes the output from the monitor that has it, which is gone then.
 enum class Output { has, lacks };
 void setMonitor(const XDisplay& display, Monitor monitor, Output output, const QRect& area) {
-    MonitorInfo info{};
-    info.fixed.name = nameOf(display, monitor);
-    info.fixed.primary = output == Output::has;
-    info.fixed.nOutput = output == Output::has;
-    info.fixed.x = static_cast<std::int16_t>(area.x());
-    info.fixed.y = static_cast<std::int16_t>(area.y());
-    info.fixed.width = static_cast<std::uint16_t>(area.width());
-    info.fixed.height = static_cast<std::uint16_t>(area.height());
-    info.fixed.width_in_millimeters = static_cast<std::uint32_t>(area.width()) / 4;
-    info.fixed.height_in_millimeters = static_cast<std::uint32_t>(area.height()) / 4;
+    SetMonitorRequest request{};
+    request.head.window = display.root();
+    request.monitor.name = nameOf(display, monitor);
+    request.monitor.primary = output == Output::has;
+    request.monitor.nOutput = output == Output::has;
+    request.monitor.x = static_cast<std::int16_t>(area.x());
+    request.monitor.y = static_cast<std::int16_t>(area.y());
+    request.monitor.width = static_cast<std::uint16_t>(area.width());
+    request.monitor.height = static_cast<std::uint16_t>(area.height());
+    request.monitor.width_in_millimeters = static_cast<std::uint32_t>(area.width()) / 4;
+    request.monitor.height_in_millimeters = static_cast<std::uint32_t>(area.height()) / 4;
     if (output == Output::has)
-        info.output = outputOf(display);
-    const Owned<xcb_generic_error_t> error(xcb_request_check(
-        display.connection(), xcb_randr_set_monitor_checked(display.connection(), display.root(), &info.fixed)));
-    if (error)
+        request.output = outputOf(display);
+    const xcb_protocol_request_t kind{.count = 1, .ext = &xcb_randr_id, .opcode = XCB_RANDR_SET_MONITOR, .isvoid = 1};
+    // The library wants two places of its own before the first part.
+    std::array<iovec, 3> parts{};
+    parts[2] = {&request, offsetof(SetMonitorRequest, output) + (output == Output::has ? sizeof request.output : 0)};
+    const xcb_void_cookie_t cookie{xcb_send_request(display.connection(), XCB_REQUEST_CHECKED, &parts[2], &kind)};
+    const Owned<xcb_generic_error_t> error(xcb_request_check(display.connection(), cookie));
+    if (error || xcb_connection_has_error(display.connection()))
         qFatal("the X server takes no monitors");
+}
+
+void deleteMonitor(const XDisplay& display, Monitor monitor) {
+    xcb_randr_delete_monitor(display.connection(), display.root(), nameOf(display, monitor));
+    display.synchronize();
+}
+
+Monitor otherOf(Monitor monitor) {
+    return monitor == Monitor::left ? Monitor::right : Monitor::left;
+}
+
+bool isPrimary(const XDisplay& display, Monitor monitor) {
+    const xcb_atom_t name = nameOf(display, monitor);
+    const Owned<xcb_randr_get_monitors_reply_t> reply(xcb_randr_get_monitors_reply(
+        display.connection(), xcb_randr_get_monitors(display.connection(), display.root(), 1), nullptr));
+    for (auto all = xcb_randr_get_monitors_monitors_iterator(reply.get()); all.rem > 0;
+         xcb_randr_monitor_info_next(&all)) {
+        if (all.data->name == name)
+            return all.data->primary != 0;
+    }
+    return false;
 }
 
 QRect half(const XDisplay& display, Monitor monitor) {
@@ -69,24 +100,27 @@ QRect half(const XDisplay& display, Monitor monitor) {
 
 } // namespace
 
-void divideScreen(const XDisplay& display) {
+void divideScreen(const XDisplay& display, Monitor primary) {
+    const Monitor other = otherOf(primary);
     const Owned<xcb_randr_query_version_reply_t> version(xcb_randr_query_version_reply(
         display.connection(), xcb_randr_query_version(display.connection(), 1, 5), nullptr));
-    setMonitor(display, Monitor::left, Output::has, half(display, Monitor::left));
-    setMonitor(display, Monitor::right, Output::lacks, half(display, Monitor::right));
+    setMonitor(display, primary, Output::has, half(display, primary));
+    setMonitor(display, other, Output::lacks, half(display, other));
 }
 
 void removeMonitor(const XDisplay& display, Monitor monitor) {
-    if (monitor == Monitor::left) {
-        setMonitor(display, Monitor::right, Output::has, half(display, Monitor::right));
+    const Monitor other = otherOf(monitor);
+    if (!isPrimary(display, monitor)) {
+        deleteMonitor(display, monitor);
         return;
     }
-    xcb_randr_delete_monitor(display.connection(), display.root(), nameOf(display, monitor));
-    display.synchronize();
+    deleteMonitor(display, other);
+    setMonitor(display, other, Output::has, half(display, other));
 }
 
-void resizeRightMonitor(const XDisplay& display, QSize size) {
-    setMonitor(display, Monitor::right, Output::lacks, QRect(half(display, Monitor::right).topLeft(), size));
+void moveSecondMonitor(const XDisplay& display, Monitor monitor, const QRect& area) {
+    deleteMonitor(display, monitor);
+    setMonitor(display, monitor, Output::lacks, area);
 }
 
 } // namespace zelmo::test

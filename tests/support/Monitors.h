@@ -4,15 +4,15 @@
 
 namespace zelmo::test {
 
-// How the X server's screen is divided: one monitor, or two of half its width.
-enum class Monitors { one, sideBySide };
+// How the X server's screen is divided: one monitor, or two of half its width, of which one is the primary.
+enum class Monitors { one, leftPrimary, rightPrimary };
 enum class Monitor { left, right };
 
-// Divides the screen in two, the left half being the primary one.
-void divideScreen(const XDisplay& display);
-// Leaves the other half as the only monitor.
+// Makes two monitors of one.
+void divideScreen(const XDisplay& display, Monitor primary);
+// Unplugs one of two. When it is the primary, the server can't but unplug both and plug the other one in again.
 void removeMonitor(const XDisplay& display, Monitor monitor);
-// Says of the right half that it is so large, on the desktop or not.
-void resizeRightMonitor(const XDisplay& display, QSize size);
+// Unplugs the one that is not the primary and plugs it in again elsewhere, on the desktop or not.
+void moveSecondMonitor(const XDisplay& display, Monitor monitor, const QRect& area);
 
 } // namespace zelmo::test

@@ -9,13 +9,27 @@
 
 namespace zelmo {
 
+namespace {
+
+// A size that went through points may come back so much larger that it reaches over the edge of the desktop.
+QRect withoutRoundedEdge(QRect pixels, const QRect& root, double scale) {
+    if (pixels.right() - root.right() < scale)
+        pixels.setRight(std::min(pixels.right(), root.right()));
+    if (pixels.bottom() - root.bottom() < scale)
+        pixels.setBottom(std::min(pixels.bottom(), root.bottom()));
+    return pixels;
+}
+
+} // namespace
+
 QImage X11DesktopCapture::capture(const QScreen& screen) {
     const auto x11 = QtX11Connection::current();
     if (!x11)
         return {};
     const X11RootReader reader(x11->connection, x11->root, m_patience);
-    const QRect wanted = pixelsOf(screen);
-    const QRect seen = wanted & reader.area().value_or(QRect());
+    const QRect root = reader.area().value_or(QRect());
+    const QRect wanted = withoutRoundedEdge(pixelsOf(screen), root, screen.devicePixelRatio());
+    const QRect seen = wanted & root;
     QImage picture = reader.picture(seen);
     if (picture.isNull() || seen == wanted)
         return picture;

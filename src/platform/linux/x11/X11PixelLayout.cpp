@@ -19,10 +19,14 @@ public:
     explicit Channel(std::uint32_t mask) : m_mask(mask) {
         const int width = std::popcount(mask);
         const int kept = std::min(width, 8);
-        m_shift = mask == 0 ? 0 : std::countr_zero(mask) + width - kept;
-        const std::uint32_t most = (1U << kept) - 1;
-        for (std::uint32_t value = 0; value <= most; ++value)
-            m_values[value] = static_cast<std::uint8_t>(most == 0 ? 0 : (value * 255 + most / 2) / most);
+        if (kept == 0)
+            return;
+        m_shift = std::countr_zero(mask) + width - kept;
+        for (std::uint32_t value = 0; value < 1U << kept; ++value) {
+            // Its bits over and over, as the server itself does to tell the colour of such a value.
+            for (int place = 8 - kept; place > -kept; place -= kept)
+                m_values[value] |= static_cast<std::uint8_t>(place < 0 ? value >> -place : value << place);
+        }
     }
 
     std::uint32_t of(std::uint32_t pixel) const { return m_values[((pixel & m_mask) >> m_shift) & 0xff]; }
