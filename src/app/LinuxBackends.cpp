@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QFont>
 #include <QGuiApplication>
+#include <QStandardPaths>
 
 namespace zelmo {
 
@@ -25,6 +26,14 @@ std::unique_ptr<X11Connection> openConnection() {
     return QtX11Connection::current() ? X11Connection::open() : nullptr;
 }
 
+// The user's own first.
+QList<QByteArray> configFolders() {
+    QList<QByteArray> folders;
+    for (const QString& folder : QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation))
+        folders.append(QFile::encodeName(folder));
+    return folders;
+}
+
 QList<FileUrl> bundleFolders() {
     return BundleSource::standardRoots(FileUrl::fromNativePath(QFile::encodeName(QDir::homePath())));
 }
@@ -33,9 +42,9 @@ QList<FileUrl> bundleFolders() {
 
 LinuxBackends::LinuxBackends()
     : preferencesFile(PlistPreferencesFile::standardFile()), identifier(bundleFolders()), connection(openConnection()),
-      startupNotifier(connection.get()), workspace(connection.get(), identifier),
-      launcher(bundleReader, startupNotifier, {updateDelayVariable}), fontFaces(QGuiApplication::font().family()),
-      iconSource(makeIconThemeIndex()) {
+      motion(connection.get(), configFolders()), startupNotifier(connection.get()),
+      workspace(connection.get(), identifier), launcher(bundleReader, startupNotifier, {updateDelayVariable}),
+      fontFaces(QGuiApplication::font().family()), iconSource(makeIconThemeIndex()) {
     presence.setChangeHandler([this] { workspace.setUserPresent(presence.isPresent()); });
 }
 

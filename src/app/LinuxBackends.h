@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalog/AppScanner.h"
+#include "platform/linux/desktop/DesktopMotionPreference.h"
 #include "platform/linux/files/InotifyFolderWatcher.h"
 #include "platform/linux/fonts/FontconfigFaces.h"
 #include "platform/linux/icons/FreedesktopIconSource.h"
@@ -10,6 +11,7 @@
 #include "platform/linux/propertylist/PlistPreferencesFile.h"
 #include "platform/linux/session/DBusSessionPresence.h"
 #include "platform/linux/trash/XdgTrash.h"
+#include "platform/linux/x11/EwmhPresentation.h"
 #include "platform/linux/x11/X11DesktopCapture.h"
 #include "platform/linux/x11/X11HotKeyService.h"
 #include "platform/linux/x11/X11KeyboardBuffer.h"
@@ -30,10 +32,12 @@ struct LinuxBackends {
     X11HotKeyService hotKeyService;
     X11MainScreen mainScreen;
     X11DesktopCapture desktopCapture;
+    EwmhPresentation presentation;
     PlistPreferencesFile preferencesFile;
     PlistBundleReader bundleReader;
     ApplicationIdentifier identifier;
     std::unique_ptr<X11Connection> connection; // null where there is no X server
+    DesktopMotionPreference motion;
     X11StartupNotifier startupNotifier;
     X11Workspace workspace;
     DBusSessionPresence presence;

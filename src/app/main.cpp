@@ -31,6 +31,9 @@ int main(int argc, char* argv[]) {
     QtSharedApplication sharedApplication;
     const TerminationSignals signalsEndTheLoop;
 
+    // Nothing is translated, so only the locale says so.
+    QGuiApplication::setLayoutDirection(QLocale::system().textDirection());
+
     LinuxBackends backends;
     // The wall opens by itself, so what is typed from here on is meant for it.
     backends.keyboardBuffer.begin();
@@ -46,9 +49,12 @@ int main(int argc, char* argv[]) {
                                                           .fontFaces = backends.fontFaces,
                                                           .icons = icons,
                                                           .desktopCapture = backends.desktopCapture});
-        return std::make_unique<OverlayWindowController>(
-            store, OverlayServices{
-                       .mainScreen = backends.mainScreen, .keyboardBuffer = backends.keyboardBuffer, .content = *wall});
+        return std::make_unique<OverlayWindowController>(store,
+                                                         OverlayServices{.mainScreen = backends.mainScreen,
+                                                                         .keyboardBuffer = backends.keyboardBuffer,
+                                                                         .presentation = backends.presentation,
+                                                                         .motion = backends.motion,
+                                                                         .content = *wall});
     };
     const auto makeStore = [&] {
         return std::make_unique<LauncherStore>(backends.makeScanner(),

@@ -5,7 +5,7 @@
 namespace zelmo {
 
 OverlayWindow::OverlayWindow() {
-    setFlags(Qt::Window | Qt::FramelessWindowHint);
+    setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     setResizeMode(QQuickView::SizeRootObjectToView);
     setTitle(QStringLiteral("Zelmo"));
 }

@@ -45,6 +45,7 @@ const QSet<QString>& interfaces() {
                                    "overlay/KeyboardBuffer.h",
                                    "overlay/MainScreen.h",
                                    "overlay/MotionPreference.h",
+                                   "overlay/SystemPresentation.h",
                                    "preferences/PreferenceTable.h",
                                    "preferences/PreferencesStorage.h",
                                    "shell/ProgramInstance.h",
