@@ -5,7 +5,6 @@
 
 #include <QWindow>
 
-#include <array>
 #include <string_view>
 #include <xcb/xcb.h>
 
@@ -19,7 +18,8 @@ xcb_atom_t atom(xcb_connection_t* connection, std::string_view name) {
     return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
-// Window managers read these as a window comes up, and take them off one that is gone.
+// Window managers read it as a window comes up, and take it off one that is gone. They are not asked to leave the
+// window out of their lists: some then don't give it the focus when a dialog of ours has closed.
 void keepOnAllWorkspaces(QWindow& window) {
     constexpr std::uint32_t everyWorkspace = 0xffffffff;
     const auto x11 = QtX11Connection::current();
@@ -27,12 +27,7 @@ void keepOnAllWorkspaces(QWindow& window) {
         return;
     const auto id = static_cast<xcb_window_t>(window.winId());
     const xcb_atom_t desktop = atom(x11->connection, "_NET_WM_DESKTOP");
-    const xcb_atom_t state = atom(x11->connection, "_NET_WM_STATE");
-    const std::array unlisted{atom(x11->connection, "_NET_WM_STATE_SKIP_TASKBAR"),
-                              atom(x11->connection, "_NET_WM_STATE_SKIP_PAGER")};
     xcb_change_property(x11->connection, XCB_PROP_MODE_REPLACE, id, desktop, XCB_ATOM_CARDINAL, 32, 1, &everyWorkspace);
-    xcb_change_property(x11->connection, XCB_PROP_MODE_REPLACE, id, state, XCB_ATOM_ATOM, 32, unlisted.size(),
-                        unlisted.data());
 }
 
 } // namespace
