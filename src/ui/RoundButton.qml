@@ -18,7 +18,7 @@ PlateItem {
 
     height: width
     radius: width / 2
-    activeFocusOnTab: true
+    activeFocusOnTab: button.enabled
 
     Keys.onReturnPressed: button.pressed()
     Keys.onEnterPressed: button.pressed()
@@ -29,8 +29,8 @@ PlateItem {
     Accessible.role: Accessible.Button
     Accessible.name: button.title
     Accessible.description: button.helpText
-    Accessible.focusable: true
-    Accessible.onPressAction: button.pressed()
+    Accessible.focusable: button.enabled
+    Accessible.onPressAction: button.enabled && button.pressed()
 
     SymbolItem {
         id: label

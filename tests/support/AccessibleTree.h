@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+
+namespace zelmo::test {
+
+// One control as a screen reader knows it.
+struct AccessibleNode {
+    QString role;
+    QString name;
+    QString description;
+    QStringList states; // such as "checked"
+    QStringList actions;
+
+    bool is(const char* state) const { return states.contains(QLatin1StringView(state)); }
+};
+
+// The programs of one session as a screen reader sees them. One for each process, for the library is: the first
+// session that it is made for is the one.
+class AccessibleTree {
+public:
+    // The address of the session's bus, and its display.
+    AccessibleTree(const QString& busAddress, const QString& display);
+    ~AccessibleTree();
+    AccessibleTree(const AccessibleTree&) = delete;
+    AccessibleTree& operator=(const AccessibleTree&) = delete;
+
+    // Everything in the windows of the program of this name, in the order of the tree.
+    QList<AccessibleNode> nodes(const QString& program) const;
+    // The first control of this role and name that is to be seen; nothing when there is none.
+    std::optional<AccessibleNode> find(const QString& program, const QString& role, const QString& name) const;
+    // Does the first action of it that has this name. False when there is none.
+    bool act(const QString& program, const QString& role, const QString& name, const QString& action) const;
+};
+
+} // namespace zelmo::test
