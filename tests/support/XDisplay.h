@@ -82,6 +82,7 @@ inline constexpr xcb_keysym_t escapeKey = 0xff1b;
 inline constexpr xcb_keysym_t backspaceKey = 0xff08;
 inline constexpr xcb_keysym_t tabKey = 0xff09;
 inline constexpr xcb_keysym_t leftKey = 0xff51;
+inline constexpr xcb_keysym_t downKey = 0xff54;
 inline constexpr xcb_keysym_t returnKey = 0xff0d;
 inline constexpr xcb_keysym_t pageDownKey = 0xff56;
 
