@@ -27,12 +27,15 @@ struct SetMonitorRequest {
     xcb_randr_output_t output; // there when the number of outputs is 1
 };
 
-xcb_atom_t nameOf(const XDisplay& display, Monitor monitor) {
-    const std::string_view name = monitor == Monitor::left ? "left" : "right";
+xcb_atom_t atomNamed(const XDisplay& display, std::string_view name) {
     xcb_connection_t* connection = display.connection();
     const Owned<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
         connection, xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data()), nullptr));
     return reply->atom;
+}
+
+xcb_atom_t nameOf(const XDisplay& display, Monitor monitor) {
+    return atomNamed(display, monitor == Monitor::left ? "left" : "right");
 }
 
 // A virtual server has one.
@@ -47,10 +50,10 @@ xcb_randr_output_t outputOf(const XDisplay& display) {
 
 // Takes the output from the monitor that has it, which is gone then.
 enum class Output { has, lacks };
-void setMonitor(const XDisplay& display, Monitor monitor, Output output, const QRect& area) {
+void setMonitor(const XDisplay& display, xcb_atom_t name, Output output, const QRect& area) {
     SetMonitorRequest request{};
     request.head.window = display.root();
-    request.monitor.name = nameOf(display, monitor);
+    request.monitor.name = name;
     request.monitor.primary = output == Output::has;
     request.monitor.nOutput = output == Output::has;
     request.monitor.x = static_cast<std::int16_t>(area.x());
@@ -104,8 +107,8 @@ void divideScreen(const XDisplay& display, Monitor primary) {
     const Monitor other = otherOf(primary);
     const Owned<xcb_randr_query_version_reply_t> version(xcb_randr_query_version_reply(
         display.connection(), xcb_randr_query_version(display.connection(), 1, 5), nullptr));
-    setMonitor(display, primary, Output::has, half(display, primary));
-    setMonitor(display, other, Output::lacks, half(display, other));
+    setMonitor(display, nameOf(display, primary), Output::has, half(display, primary));
+    setMonitor(display, nameOf(display, other), Output::lacks, half(display, other));
 }
 
 void removeMonitor(const XDisplay& display, Monitor monitor) {
@@ -115,12 +118,17 @@ void removeMonitor(const XDisplay& display, Monitor monitor) {
         return;
     }
     deleteMonitor(display, other);
-    setMonitor(display, other, Output::has, half(display, other));
+    setMonitor(display, nameOf(display, other), Output::has, half(display, other));
 }
 
 void moveSecondMonitor(const XDisplay& display, Monitor monitor, const QRect& area) {
     deleteMonitor(display, monitor);
-    setMonitor(display, monitor, Output::lacks, area);
+    setMonitor(display, nameOf(display, monitor), Output::lacks, area);
+}
+
+void renameSecondMonitor(const XDisplay& display, Monitor monitor, std::string_view name) {
+    deleteMonitor(display, monitor);
+    setMonitor(display, atomNamed(display, name), Output::lacks, half(display, monitor));
 }
 
 } // namespace zelmo::test

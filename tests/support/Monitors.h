@@ -2,6 +2,8 @@
 
 #include "support/XDisplay.h"
 
+#include <string_view>
+
 namespace zelmo::test {
 
 // How the X server's screen is divided: one monitor, or two of half its width, of which one is the primary.
@@ -14,5 +16,7 @@ void divideScreen(const XDisplay& display, Monitor primary);
 void removeMonitor(const XDisplay& display, Monitor monitor);
 // Unplugs the one that is not the primary and plugs it in again elsewhere, on the desktop or not.
 void moveSecondMonitor(const XDisplay& display, Monitor monitor, const QRect& area);
+// Gives the one that is not the primary another name.
+void renameSecondMonitor(const XDisplay& display, Monitor monitor, std::string_view name);
 
 } // namespace zelmo::test

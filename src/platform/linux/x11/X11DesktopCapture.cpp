@@ -4,8 +4,11 @@
 #include "platform/linux/x11/QtX11Connection.h"
 #include "platform/linux/x11/ScreenPixels.h"
 #include "platform/linux/x11/X11RootReader.h"
+#include "platform/linux/x11/XcbReply.h"
 
 #include <QPainter>
+
+#include <string_view>
 
 namespace zelmo {
 
@@ -20,11 +23,23 @@ QRect withoutRoundedEdge(QRect pixels, const QRect& root, double scale) {
     return pixels;
 }
 
+// A server that is a guest of a Wayland compositor sees its own windows only; its root shows nothing. It says what it
+// is, before version 23.1 in the names of its screens alone.
+bool isGuest(xcb_connection_t* connection, const QScreen& screen) {
+    constexpr std::string_view extension = "XWAYLAND";
+    if (screen.name().startsWith(QLatin1StringView(extension.data())))
+        return true;
+    const XcbReply<xcb_query_extension_reply_t> reply(xcb_query_extension_reply(
+        connection, xcb_query_extension(connection, static_cast<std::uint16_t>(extension.size()), extension.data()),
+        nullptr));
+    return reply && reply->present;
+}
+
 } // namespace
 
 QImage X11DesktopCapture::capture(const QScreen& screen) {
     const auto x11 = QtX11Connection::current();
-    if (!x11)
+    if (!x11 || isGuest(x11->connection, screen))
         return {};
     const X11RootReader reader(x11->connection, x11->root, m_patience);
     const QRect root = reader.area().value_or(QRect());

@@ -14,6 +14,7 @@ public:
     explicit X11DesktopCapture(std::chrono::milliseconds patience = std::chrono::milliseconds(250))
         : m_patience(patience) {}
 
+    // Null also where the X server is a guest of a Wayland compositor and sees nothing but its own windows.
     // What of the screen is not on the desktop, as when it has just been unplugged, is black; null when that is all.
     QImage capture(const QScreen& screen) override;
 

@@ -145,6 +145,18 @@ private Q_SLOTS:
         QVERIFY(!program.capture(leftScreen).isNull());
     }
 
+    void aServerThatSeesOnlyItsOwnWindowsGivesNoPicture() {
+        const auto session =
+            DesktopSession::start({.screen = {1200, 500}, .monitors = Monitors::leftPrimary, .windowManager = {}});
+        QVERIFY(session);
+        const RunningScreenProgram program(*session);
+        renameSecondMonitor(session->display(), Monitor::right, "XWAYLAND1");
+        const QString screen = placed("XWAYLAND1", {600, 0, 600, 500});
+        QVERIFY(DesktopSession::waitFor([&] { return program.screens().contains(screen); }));
+        QVERIFY(program.capture(QStringLiteral("XWAYLAND1")).isNull());
+        QVERIFY(!program.capture(leftScreen).isNull());
+    }
+
     void withoutAnXServerThereIsNoPicture() {
         QVERIFY(X11DesktopCapture().capture(*QGuiApplication::primaryScreen()).isNull());
     }
