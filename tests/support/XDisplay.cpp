@@ -4,6 +4,7 @@
 #include <QThread>
 
 #include <cstdlib>
+#include <cstring>
 #include <vector>
 #include <xcb/xcbext.h>
 #include <xcb/xtest.h>
@@ -158,6 +159,19 @@ void XDisplay::activate(xcb_window_t window) const {
 
 void XDisplay::close(xcb_window_t window) const {
     sendToWindowManager(window, "_NET_CLOSE_WINDOW", XCB_CURRENT_TIME);
+}
+
+void XDisplay::showWorkspace(std::uint32_t number) const {
+    sendToWindowManager(root(), "_NET_CURRENT_DESKTOP", number);
+}
+
+std::optional<std::uint32_t> XDisplay::shownWorkspace() const {
+    const QByteArray value = property(root(), "_NET_CURRENT_DESKTOP");
+    if (value.size() < 4)
+        return std::nullopt;
+    std::uint32_t number = 0;
+    std::memcpy(&number, value.constData(), sizeof number);
+    return number;
 }
 
 void XDisplay::sendToWindowManager(xcb_window_t window, const QByteArray& type, std::uint32_t first) const {

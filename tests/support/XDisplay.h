@@ -39,6 +39,9 @@ public:
     void activate(xcb_window_t window) const;
     // Asks the window manager to close it, as its menu does.
     void close(xcb_window_t window) const;
+    // Goes to another workspace, counted from 0, as a pager does; and which one is shown.
+    void showWorkspace(std::uint32_t number) const;
+    std::optional<std::uint32_t> shownWorkspace() const;
     // From now on, the windows that programs ask the window manager to activate are noted.
     void watchActivationRequests() const;
     QList<xcb_window_t> activationRequests() const;
