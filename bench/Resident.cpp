@@ -71,4 +71,12 @@ void pressShortcut(const test::XDisplay& display) {
     display.releaseKey(test::altKey);
 }
 
+bool hideWall(const test::DesktopSession& session) {
+    session.display().typeKey(test::escapeKey);
+    return test::DesktopSession::waitFor([&] {
+        return !session.display().viewableWindow(QStringLiteral("Zelmo")) &&
+               !session.display().viewableWindow(QStringLiteral("Collapse \u2014 Zelmo"));
+    });
+}
+
 } // namespace zelmo::bench

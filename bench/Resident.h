@@ -20,5 +20,7 @@ Effort effortOf(qint64 process);
 
 // Alt and Space, as a person presses them.
 void pressShortcut(const test::XDisplay& display);
+// Presses Escape and waits until the wall has shrunk away. False when it does not.
+bool hideWall(const test::DesktopSession& session);
 
 } // namespace zelmo::bench

@@ -46,8 +46,7 @@ int main(int argc, char* argv[]) {
     rest();
     const double atFirst = proportionalMemory(process.processId());
     for (int i = 0; i < showCount; ++i) {
-        session->display().typeKey(test::escapeKey);
-        if (!test::DesktopSession::waitFor([&] { return !isShown(); }))
+        if (!hideWall(*session))
             return 1;
         pressShortcut(session->display());
         if (!test::DesktopSession::waitFor(isShown))
@@ -67,8 +66,8 @@ int main(int argc, char* argv[]) {
         secondStart.add(milliseconds(Clock::now() - start));
     }
     rest();
-    session->display().typeKey(test::escapeKey);
-    rest();
+    if (!hideWall(*session))
+        return 1;
     // What threads have done is known as long as they live, and those that have no more work end by then.
     QThread::sleep(secondsUntilThreadsEnd);
     const Effort before = effortOf(process.processId());

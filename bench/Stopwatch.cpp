@@ -62,8 +62,9 @@ void measureOnce(test::DesktopSession& session, const QString& program, Figures&
     timeKey(test::backspaceKey, figures.keyBack);
     figures.memory.add(proportionalMemory(process.processId()));
     for (int show = 0; show < showsPerRun; ++show) {
-        session.display().typeKey(test::escapeKey);
-        damage.collect(150ms, 2s);
+        if (!hideWall(session))
+            return;
+        damage.collect(150ms, 500ms);
         damage.clear();
         const Clock::time_point pressed = Clock::now();
         pressShortcut(session.display());

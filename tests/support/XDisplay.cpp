@@ -258,8 +258,16 @@ void XDisplay::movePointer(QPoint position) const {
 
 void XDisplay::click(QPoint position) const {
     movePointer(position);
-    xcb_test_fake_input(m_connection, XCB_BUTTON_PRESS, 1, XCB_CURRENT_TIME, root(), 0, 0, 0);
-    xcb_test_fake_input(m_connection, XCB_BUTTON_RELEASE, 1, XCB_CURRENT_TIME, root(), 0, 0, 0);
+    pressButton(XCB_BUTTON_INDEX_1);
+}
+
+void XDisplay::wheelDown() const {
+    pressButton(XCB_BUTTON_INDEX_5);
+}
+
+void XDisplay::pressButton(std::uint8_t button) const {
+    xcb_test_fake_input(m_connection, XCB_BUTTON_PRESS, button, XCB_CURRENT_TIME, root(), 0, 0, 0);
+    xcb_test_fake_input(m_connection, XCB_BUTTON_RELEASE, button, XCB_CURRENT_TIME, root(), 0, 0, 0);
     synchronize();
 }
 

@@ -57,6 +57,8 @@ public:
     bool releaseKey(xcb_keysym_t symbol) const;
     void movePointer(QPoint position) const;
     void click(QPoint position) const;
+    // One step of the wheel, where the pointer is.
+    void wheelDown() const;
     // Whether the server answers within half a second. It does not while another program has it to itself.
     bool serverAnswers() const;
     // Returns when the server has done all that was asked before.
@@ -69,6 +71,7 @@ private:
 
     // The first key with the symbol on this level, or 0.
     xcb_keycode_t keyFor(xcb_keysym_t symbol, int level) const;
+    void pressButton(std::uint8_t button) const;
     void sendKey(xcb_keycode_t code, bool press) const;
     void sendToWindowManager(xcb_window_t window, const QByteArray& type, std::uint32_t first) const;
     QByteArray property(xcb_window_t window, const QByteArray& name) const;
