@@ -16,7 +16,7 @@ int shadowMargin(const ShadowStyle& style) {
     return reach + static_cast<int>(std::ceil(std::abs(style.offset)));
 }
 
-QImage withShadow(const QImage& picture, const ShadowStyle& style) {
+QImage shadowOf(const QImage& picture, const ShadowStyle& style) {
     // Alpha in 8 times finer steps, so that the divisions leave no visible bands.
     constexpr int fine = 8;
     const int margin = shadowMargin(style);
@@ -56,8 +56,15 @@ QImage withShadow(const QImage& picture, const ShadowStyle& style) {
         for (int x = 0; x < size.width(); ++x)
             target[x] = shades[alpha[static_cast<std::size_t>(y * stride + x)]];
     }
-    QPainter painter(&result);
-    painter.drawImage(margin, margin, picture);
+    return result;
+}
+
+QImage withShadow(const QImage& picture, const ShadowStyle& style) {
+    QImage result = shadowOf(picture, style);
+    if (result.isNull())
+        return result;
+    const int margin = shadowMargin(style);
+    QPainter(&result).drawImage(margin, margin, picture);
     return result;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "iconart/Shadow.h"
 #include "ui/BackgroundItem.h"
 
 #include <QPointer>
@@ -33,7 +34,9 @@ protected:
 
 private:
     void noteChange();
-    QImage surface(double scale) const;
+    // On a canvas that is larger than the item by the margin on every side; pixels.
+    const QImage& shadow(QSize pixels, double scale);
+    void paintSurface(QPainter& painter, QSize pixels, double scale) const;
 
     QPointer<BackgroundItem> m_background;
     qreal m_radius = 0;
@@ -41,6 +44,8 @@ private:
     qreal m_shadowRadius = 0;
     qreal m_shadowOffset = 0;
     bool m_stale = true;
+    QImage m_shadow; // stays the same whatever lies behind
+    ShadowStyle m_shadowStyle;
 };
 
 } // namespace zelmo
