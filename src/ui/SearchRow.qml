@@ -96,6 +96,8 @@ PlateItem {
         spacing: HeaderMetrics.searchSpacing
 
         EditButton {
+            id: uninstall
+
             visible: row.store.isEditingApps
             enabled: row.store.selectionCount > 0
             title: "Uninstall"
@@ -141,5 +143,16 @@ PlateItem {
             KeyNavigation.up: input
             KeyNavigation.down: row.below
         }
+    }
+
+    // A button that is out of use hears nothing of the pointer, and is still to say what it is for.
+    HelpArea {
+        x: buttons.x + uninstall.x
+        y: buttons.y + uninstall.y
+        width: uninstall.width
+        height: uninstall.height
+        visible: uninstall.visible && !uninstall.enabled
+        text: uninstall.helpText
+        tip: row.tip
     }
 }
