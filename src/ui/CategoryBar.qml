@@ -10,7 +10,6 @@ ListView {
 
     height: contentItem.childrenRect.height
     orientation: ListView.Horizontal
-    layoutDirection: LayoutMirroring.enabled ? Qt.RightToLeft : Qt.LeftToRight
     spacing: HeaderMetrics.chipsSpacing
     model: bar.categories
     // All of them, for screen readers.

@@ -56,6 +56,7 @@ PlateItem {
         focus: true
         activeFocusOnTab: true
         clip: true
+        horizontalAlignment: TextInput.AlignLeft
         selectByMouse: true
         color: row.style.textColor
         opacity: HeaderMetrics.searchTextOpacity
@@ -76,6 +77,7 @@ PlateItem {
             right: input.right
             verticalCenter: input.verticalCenter
         }
+        horizontalAlignment: Text.AlignLeft
         elide: Text.ElideRight
         text: "Search apps"
         color: row.style.textColor
