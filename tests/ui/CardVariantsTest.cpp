@@ -158,6 +158,27 @@ private Q_SLOTS:
         QCOMPARE(ink(symbol), said(rgb(0.72, 0.63, 1, 0.86)));
     }
 
+    void anIconThrowsAShadowDownwards() {
+        WallFixture fixture(1,
+                            layout("grid", {{QStringLiteral("launcherBackgroundStyle"), QStringLiteral("customColor")},
+                                            {QStringLiteral("launcherBackgroundRed"), 1.0},
+                                            {QStringLiteral("launcherBackgroundGreen"), 1.0},
+                                            {QStringLiteral("launcherBackgroundBlue"), 1.0}}));
+        QVERIFY(fixture.waitForCards(1));
+        const QRect icon = fixture.place(iconOf(fixture.card(0))).toRect();
+        QTRY_COMPARE(fixture.settle().pixelColor(icon.center()), QColor(Qt::blue));
+        const QImage wall = fixture.settle();
+        const auto gray = [&](int x, int y) { return wall.pixelColor(x, y).red(); };
+        // Half of it is left where its edge is: three points lower than the icon's, and nowhere to a side of it.
+        const int y = icon.center().y();
+        const int below = (gray(icon.center().x(), icon.bottom() + 3) + gray(icon.center().x(), icon.bottom() + 4)) / 2;
+        QVERIFY2(std::abs(below - 237) <= 1, qPrintable(QString::number(below)));
+        QCOMPARE(gray(icon.left() - 1, y), gray(icon.right() + 1, y));
+        // Of 0.14, 0.42 are left half a point from the edge of a shadow whose deviation is half of its radius.
+        QVERIFY(std::abs(gray(icon.right() + 1, y) - 240) <= 1);
+        QCOMPARE(gray(icon.right() + 12, y), 255);
+    }
+
     void aListRowIsAsWideAsThereIsRoom() {
         WallFixture fixture(2, layout("list"), {700, 700});
         QVERIFY(fixture.waitForCards(2));
