@@ -232,6 +232,48 @@ private Q_SLOTS:
         QVERIFY(before.copy(around) != keys.wall.settle().copy(around));
     }
 
+    void theFocusIsNeverOnWhatIsGone() {
+        Keys keys(6);
+        QVERIFY(keys.isReady());
+        LauncherStore& store = *keys.wall.store.store;
+        const auto isInReach = [&] {
+            const QQuickItem* item = keys.wall.window.activeFocusItem();
+            return item && item->isVisible() && item->isEnabled();
+        };
+        QCOMPARE(keys.press(Qt::Key_Tab), QStringLiteral("Select"));
+        keys.press(Qt::Key_Return);
+        QVERIFY(store.isEditingApps());
+        QVERIFY2(isInReach(), qPrintable(focused(keys.wall)));
+        // The mode is left the same way.
+        keys.wall.button("Done")->forceActiveFocus();
+        keys.press(Qt::Key_Return);
+        QVERIFY(!store.isEditingApps());
+        QVERIFY2(isInReach(), qPrintable(focused(keys.wall)));
+        // A button that goes out of use takes nothing with it.
+        store.setIsEditingApps(true);
+        store.toggleSelection(store.apps()[0]);
+        keys.wall.button("Uninstall")->forceActiveFocus();
+        store.toggleSelection(store.apps()[0]);
+        QTRY_COMPARE(focused(keys.wall), QStringLiteral("search"));
+        QTest::keyClick(&keys.wall.window, 'x');
+        QCOMPARE(store.searchText(), QStringLiteral("x"));
+    }
+
+    void theRingIsWholeBetweenTiles() {
+        Keys keys(20, {{QStringLiteral("launcherInterfaceStyle"), QStringLiteral("tiles")}});
+        QVERIFY(keys.isReady());
+        keys.press(Qt::Key_Down);
+        keys.press(Qt::Key_Down);
+        QCOMPARE(keys.press(Qt::Key_Right), app(1));
+        const QRect place = keys.wall.place(keys.wall.card(1)).toRect();
+        const QImage wall = keys.wall.settle();
+        // On the three sides on which there are other tiles.
+        for (const QPoint side :
+             {QPoint(place.left() - 4, place.center().y()), QPoint(place.right() + 4, place.center().y()),
+              QPoint(place.center().x(), place.bottom() + 4)})
+            QVERIFY(qGray(wall.pixel(side)) > 220);
+    }
+
     void arrowsGoFromButtonToButton() {
         Keys keys(2);
         QVERIFY(keys.isReady());
