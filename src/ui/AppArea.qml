@@ -23,7 +23,8 @@ Flickable {
         contentY = 0;
     }
 
-    contentHeight: WallMetrics.areaTopPadding + cards.implicitHeight + WallMetrics.areaBottomPadding
+    contentHeight: WallMetrics.areaTopPadding + (empty.visible ? empty.height : cards.implicitHeight)
+                   + WallMetrics.areaBottomPadding
     clip: true
 
     TapHandler {
@@ -59,6 +60,9 @@ Flickable {
     }
 
     EmptyMostUsed {
+        id: empty
+
+        y: WallMetrics.areaTopPadding
         width: area.width
         visible: area.store.showsMostUsed && area.appModel.isEmpty
         style: area.style

@@ -22,6 +22,8 @@ Item {
     signal pressed()
     onPressed: card.isEditing ? card.store.toggleSelection(card.app) : card.store.launch(card.app)
 
+    // So that the ring is not below the cards around it.
+    z: card.activeFocus ? 1 : 0
     scale: card.selected ? CardMetrics.selectedScale : 1
 
     Keys.onReturnPressed: card.pressed()

@@ -170,6 +170,9 @@ void CardGrid::keyPressEvent(QKeyEvent* event) {
 void CardGrid::forgetCurrent() {
     m_current = QPersistentModelIndex();
     m_currentRow = -1;
+    // Else the card that had the focus gets it back with the grid, even when nothing is shown in it any more.
+    if (QQuickItem* item = scopedFocusItem())
+        item->setFocus(false, Qt::OtherFocusReason);
 }
 
 void CardGrid::scrollByPages(int pages) {

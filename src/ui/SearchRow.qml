@@ -56,6 +56,7 @@ PlateItem {
         focus: true
         activeFocusOnTab: true
         clip: true
+        horizontalAlignment: TextInput.AlignLeft
         selectByMouse: true
         color: row.style.textColor
         opacity: HeaderMetrics.searchTextOpacity
@@ -76,6 +77,7 @@ PlateItem {
             right: input.right
             verticalCenter: input.verticalCenter
         }
+        horizontalAlignment: Text.AlignLeft
         elide: Text.ElideRight
         text: "Search apps"
         color: row.style.textColor
@@ -96,11 +98,14 @@ PlateItem {
         spacing: HeaderMetrics.searchSpacing
 
         EditButton {
+            id: uninstall
+
             visible: row.store.isEditingApps
             enabled: row.store.selectionCount > 0
             title: "Uninstall"
             helpText: enabled ? "Move selected apps to Trash" : "Select apps to uninstall"
             tip: row.tip
+            refuge: input
             symbol: "trash.fill"
             symbolWeight: Font.Bold
             colors: HeaderMetrics.uninstallColors
@@ -113,6 +118,7 @@ PlateItem {
             title: "Done"
             helpText: "Finish selecting"
             tip: row.tip
+            refuge: input
             symbol: "checkmark"
             colors: HeaderMetrics.selectColors
             onPressed: row.store.finishEditing()
@@ -124,6 +130,7 @@ PlateItem {
             title: "Select"
             helpText: "Select multiple apps"
             tip: row.tip
+            refuge: input
             symbol: "checkmark.circle"
             colors: HeaderMetrics.selectColors
             onPressed: row.store.isEditingApps = true
@@ -135,11 +142,23 @@ PlateItem {
             title: "Settings"
             helpText: "Settings"
             tip: row.tip
+            refuge: input
             symbol: "gearshape.fill"
             colors: HeaderMetrics.settingsColors
             onPressed: row.store.showSettings()
             KeyNavigation.up: input
             KeyNavigation.down: row.below
         }
+    }
+
+    // A button that is out of use hears nothing of the pointer, and is still to say what it is for.
+    HelpArea {
+        x: buttons.x + uninstall.x
+        y: buttons.y + uninstall.y
+        width: uninstall.width
+        height: uninstall.height
+        visible: uninstall.visible && !uninstall.enabled
+        text: uninstall.helpText
+        tip: row.tip
     }
 }

@@ -6,6 +6,7 @@
 #include "ui/AppIconItem.h"
 #include "ui/DesktopCapture.h"
 #include "ui/IconSource.h"
+#include "ui/SceneReading.h"
 #include "ui/WallContent.h"
 
 #include <QQuickItem>
@@ -64,7 +65,12 @@ public:
         window.resize(size);
         window.show();
         window.requestActivate();
+        if (QTest::qWaitForWindowExposed(&window))
+            settle();
     }
+
+    // Everything is where it belongs, and drawn.
+    QImage settle() { return window.grabWindow(); }
 
     QList<QQuickItem*> items(const char* type) {
         QList<QQuickItem*> list;
@@ -88,6 +94,7 @@ public:
         return list.value(0);
     }
     void press(const char* title) {
+        settle();
         QQuickItem* item = button(title);
         QVERIFY2(item, title);
         QTest::mouseClick(&window, Qt::LeftButton, {}, place(item).center().toPoint());
@@ -95,6 +102,51 @@ public:
     QRectF place(const QQuickItem* item) {
         return item->mapRectToScene(QRectF(QPointF(0, 0), QSizeF(item->width(), item->height())));
     }
+    // The one item in sight of this type, or of this type with this name or text.
+    QQuickItem* item(const char* type) {
+        const QList<QQuickItem*> list = items(type);
+        return list.size() == 1 ? list[0] : nullptr;
+    }
+    QQuickItem* text(const char* text) {
+        const QList<QQuickItem*> list = texts(QString::fromUtf8(text));
+        return list.size() == 1 ? list[0] : nullptr;
+    }
+    QQuickItem* panel() { return item("zelmo::MaterialItem"); }
+    QQuickItem* searchField() { return item("QQuickTextInput"); }
+    QQuickItem* searchRow() { return searchField()->parentItem(); }
+    QQuickItem* grid() { return item("zelmo::CardGrid"); }
+    // What scrolls the cards.
+    QQuickItem* area() { return grid()->parentItem()->parentItem(); }
+    QQuickItem* chip(const char* title) {
+        for (QQuickItem* item : items("zelmo::PlateItem")) {
+            if (item->property("isMostUsed").isValid() && item->property("title").toString() == QLatin1String(title))
+                return item;
+        }
+        return nullptr;
+    }
+    QQuickItem* card(const QString& name) {
+        for (QQuickItem* item : grid()->childItems()) {
+            if (item->isVisible() && item->property("name").toString() == name)
+                return item;
+        }
+        return nullptr;
+    }
+    // Of the application of this number.
+    QQuickItem* card(int number) { return card(QStringLiteral("App %1").arg(number, 5, 10, QLatin1Char('0'))); }
+    // What a part of the wall consists of, in sight.
+    static QQuickItem* part(QQuickItem* whole, const char* type) {
+        QList<QQuickItem*> list;
+        collect(whole, type, list);
+        return list.size() == 1 ? list[0] : nullptr;
+    }
+    static QQuickItem* textIn(QQuickItem* whole, const QString& text) {
+        QList<QQuickItem*> list;
+        collect(whole, "QQuickText", list);
+        list.removeIf([&](const QQuickItem* item) { return item->property("text").toString() != text; });
+        return list.size() == 1 ? list[0] : nullptr;
+    }
+    void click(QPointF place) { QTest::mouseClick(&window, Qt::LeftButton, {}, place.toPoint()); }
+    void click(const QQuickItem* item) { click(place(item).center()); }
     bool waitForCards(int count) {
         return QTest::qWaitFor([&] { return items("zelmo::AppIconItem").size() == count; });
     }
