@@ -7,9 +7,14 @@ using namespace zelmo::test;
 
 namespace {
 
-PreferenceValues layout(const char* name, bool showsPlates = false) {
-    return {{QStringLiteral("launcherInterfaceStyle"), QString::fromLatin1(name)},
-            {QStringLiteral("showAppTileBackground"), showsPlates}};
+PreferenceValues layout(const QString& name, const PreferenceValues& more = {}) {
+    PreferenceValues values = more;
+    values.insert(QStringLiteral("launcherInterfaceStyle"), name);
+    return values;
+}
+
+PreferenceValues layout(const char* name, const PreferenceValues& more = {}) {
+    return layout(QString::fromLatin1(name), more);
 }
 
 // Behind everything else on a card.
@@ -85,7 +90,7 @@ private Q_SLOTS:
         QFETCH(QString, style);
         QFETCH(bool, showsPlates);
         QFETCH(double, radius);
-        WallFixture fixture(2, layout(style.toLatin1().constData(), showsPlates));
+        WallFixture fixture(2, layout(style, {{QStringLiteral("showAppTileBackground"), showsPlates}}));
         QVERIFY(fixture.waitForCards(2));
         QQuickItem* plate = plateOf(fixture.card(1));
         QCOMPARE(fixture.place(plate), fixture.place(fixture.card(1)));
@@ -102,7 +107,7 @@ private Q_SLOTS:
 
     void tilesHaveFaintSeams() {
         for (const bool showsPlates : {false, true}) {
-            WallFixture fixture(2, layout("tiles", showsPlates));
+            WallFixture fixture(2, layout("tiles", {{QStringLiteral("showAppTileBackground"), showsPlates}}));
             QVERIFY(fixture.waitForCards(2));
             QQuickItem* plate = plateOf(fixture.card(1));
             QCOMPARE(plate->property("colors").value<QList<QColor>>().value(0, Qt::transparent).alpha(), 0);

@@ -85,9 +85,12 @@ QQuickItem* titleOf(QQuickItem* chip) {
     return WallFixture::textIn(chip, chip->property("title").toString());
 }
 
-// Those without room come a little later.
+// Those without room come a little later, and part by part.
 bool waitForChips(WallFixture& fixture) {
-    return QTest::qWaitFor([&] { return fixture.chip("Other") != nullptr; });
+    return QTest::qWaitFor([&] {
+        QQuickItem* last = fixture.chip("Other");
+        return last && symbolOf(last) && titleOf(last);
+    });
 }
 
 bool looksSelected(QQuickItem* chip) {
