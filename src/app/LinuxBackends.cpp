@@ -35,7 +35,7 @@ LinuxBackends::LinuxBackends()
     : preferencesFile(PlistPreferencesFile::standardFile()), identifier(bundleFolders()), connection(openConnection()),
       startupNotifier(connection.get()), workspace(connection.get(), identifier),
       launcher(bundleReader, startupNotifier, {updateDelayVariable}), fontFaces(QGuiApplication::font().family()),
-      iconSource(makeIconThemeIndex()) {
+      iconSource(makeIconThemeIndex()), colorScheme(BusAddresses::fromEnvironment().session) {
     presence.setChangeHandler([this] { workspace.setUserPresent(presence.isPresent()); });
 }
 

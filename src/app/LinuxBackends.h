@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalog/AppScanner.h"
+#include "platform/linux/appearance/PortalColorScheme.h"
 #include "platform/linux/files/InotifyFolderWatcher.h"
 #include "platform/linux/fonts/FontconfigFaces.h"
 #include "platform/linux/icons/FreedesktopIconSource.h"
@@ -40,6 +41,7 @@ struct LinuxBackends {
     InotifyFolderWatcher folderWatcher;
     FontconfigFaces fontFaces;
     FreedesktopIconSource iconSource;
+    PortalColorScheme colorScheme;
 };
 
 } // namespace zelmo

@@ -20,8 +20,10 @@ const QMap<QString, QStringList>& allowedArrows() {
             {QStringLiteral("overlay"), list("catalog preferences")},
             {QStringLiteral("ui"), list("overlay catalog appearance iconart preferences")},
             {QStringLiteral("shell"), list("catalog hotkey preferences")},
-            {QStringLiteral("platform"), list("preferences appearance catalog hotkey overlay ui shell")},
-            {QStringLiteral("app"), list("shell ui platform overlay catalog appearance hotkey iconart preferences")},
+            {QStringLiteral("settings"), list("shell ui overlay catalog hotkey appearance iconart preferences")},
+            {QStringLiteral("platform"), list("preferences appearance catalog hotkey overlay ui shell settings")},
+            {QStringLiteral("app"),
+             list("settings shell ui platform overlay catalog appearance hotkey iconart preferences")},
         };
     }();
     return arrows;
@@ -36,7 +38,8 @@ const QSet<QString>& interfaces() {
               "catalog/ApplicationSource.h", "catalog/BundleReader.h", "catalog/FileUrl.h", "catalog/FolderWatcher.h",
               "catalog/RunningApplication.h", "catalog/Trash.h", "catalog/Workspace.h", "hotkey/HotKeyService.h",
               "overlay/KeyboardBuffer.h", "overlay/MainScreen.h", "preferences/PreferenceTable.h",
-              "preferences/PreferencesStorage.h", "shell/ProgramInstance.h", "ui/FontFaces.h", "ui/IconSource.h"})
+              "preferences/PreferencesStorage.h", "settings/ColorScheme.h", "shell/ProgramInstance.h", "ui/FontFaces.h",
+              "ui/IconSource.h"})
             set.insert(QString::fromLatin1(header));
         return set;
     }();
