@@ -48,5 +48,6 @@ T.Button {
         y: well.height + SettingsMetrics.popupGap
         colors: well.colors
         setting: well.setting
+        onClosed: well.forceActiveFocus(Qt.PopupFocusReason)
     }
 }

@@ -59,7 +59,7 @@ T.ComboBox {
         required property string modelData
         required property int index
 
-        width: ListView.view.width
+        width: ListView.view.width - (listBar.visible ? listBar.width : 0)
         implicitHeight: SettingsMetrics.listItemHeight
         leftPadding: 2 * SettingsMetrics.popupPadding + SettingsMetrics.tickSide
         rightPadding: SettingsMetrics.popupPadding
@@ -98,7 +98,7 @@ T.ComboBox {
     popup: T.Popup {
         y: picker.height + SettingsMetrics.popupGap
         width: picker.width
-        height: Math.min(implicitHeight, SettingsMetrics.listMaximumHeight)
+        height: Math.min(implicitHeight, SettingsMetrics.listMaximumRows * SettingsMetrics.listItemHeight + 2 * padding)
         implicitHeight: contentItem.implicitHeight + 2 * padding
         padding: SettingsMetrics.popupPadding
         margins: SettingsMetrics.popupMargin
@@ -115,6 +115,8 @@ T.ComboBox {
             boundsBehavior: Flickable.StopAtBounds
 
             T.ScrollBar.vertical: FormScrollBar {
+                id: listBar
+
                 colors: picker.colors
             }
         }

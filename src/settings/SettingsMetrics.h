@@ -44,7 +44,7 @@ class SettingsMetrics : public QObject {
     Q_PROPERTY(qreal popupShadowRadius READ popupShadowRadius CONSTANT)
     Q_PROPERTY(qreal popupShadowOffset READ popupShadowOffset CONSTANT)
     Q_PROPERTY(qreal listItemHeight READ listItemHeight CONSTANT)
-    Q_PROPERTY(qreal listMaximumHeight READ listMaximumHeight CONSTANT)
+    Q_PROPERTY(int listMaximumRows READ listMaximumRows CONSTANT)
     Q_PROPERTY(qreal tickSide READ tickSide CONSTANT)
     Q_PROPERTY(qreal sliderWidth READ sliderWidth CONSTANT)
     Q_PROPERTY(qreal sliderTrackHeight READ sliderTrackHeight CONSTANT)
@@ -142,7 +142,7 @@ public:
     static constexpr qreal popupShadowRadius() { return 16; }
     static constexpr qreal popupShadowOffset() { return 6; }
     qreal listItemHeight() const { return 26 * m_textScale; }
-    static constexpr qreal listMaximumHeight() { return 380; }
+    static constexpr int listMaximumRows() { return 14; }
     static constexpr qreal tickSide() { return 14; }
 
     static constexpr qreal sliderWidth() { return 180; }

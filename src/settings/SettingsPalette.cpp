@@ -15,6 +15,8 @@ namespace {
 
 // What it takes for a shape to be told from its ground.
 constexpr double leastContrast = 3;
+// The same of letters.
+constexpr double leastTextContrast = 4.5;
 
 double luminance(const QColor& color) {
     const auto linear = [](double value) {
@@ -60,7 +62,7 @@ void SettingsPalette::follow() {
     const SchemeWish wish = m_scheme.wish();
     m_isDark = wish == SchemeWish::unknown ? QGuiApplication::palette().color(QPalette::Window).lightness() < 128
                                            : wish == SchemeWish::dark;
-    const QColor wanted = m_scheme.accent().value_or(pick(QColor(0x1d, 0x6a, 0xe5), QColor(0x3f, 0x83, 0xf2)));
+    const QColor wanted = m_scheme.accent().value_or(pick(QColor(0x1d, 0x6a, 0xe5), QColor(0x2f, 0x74, 0xd8)));
     m_accent = wanted;
     for (float share = 0.1F; contrast(m_accent, group()) < leastContrast && share < 1; share += 0.1F)
         m_accent = mixed(wanted, text(), share);
@@ -121,7 +123,8 @@ QColor SettingsPalette::knob() const {
 }
 
 QColor SettingsPalette::accentText() const {
-    return contrast(m_accent, Qt::white) >= contrast(m_accent, Qt::black) ? Qt::white : Qt::black;
+    const double onWhite = contrast(m_accent, Qt::white);
+    return onWhite >= leastTextContrast || onWhite >= contrast(m_accent, Qt::black) ? Qt::white : Qt::black;
 }
 
 QColor SettingsPalette::orange() const {

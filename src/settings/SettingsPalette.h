@@ -52,7 +52,7 @@ public:
     QColor knob() const;
     // The user's, moved towards the text's colour as far as it takes to stand out from the group.
     QColor accent() const { return m_accent; }
-    // Black or white, whichever is easier to read on the accent.
+    // White where that is easy to read on the accent, else whichever of black and white is easier.
     QColor accentText() const;
     QColor orange() const;
     QColor green() const;
