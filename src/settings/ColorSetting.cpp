@@ -22,8 +22,13 @@ QColor ColorSetting::color() const {
 }
 
 void ColorSetting::setColor(const QColor& color) {
-    if (const auto components = srgbComponents(color))
-        m_write(*components);
+    const auto components = srgbComponents(color);
+    if (!components)
+        return;
+    m_isWriting = true;
+    m_write(*components);
+    m_isWriting = false;
+    Q_EMIT colorChanged();
 }
 
 } // namespace zelmo

@@ -41,7 +41,7 @@ public:
             preferences.setValue<blue>(color.blue);
         };
         connect(&preferences, &Preferences::changed, setting, [setting](PreferenceKey changed) {
-            if (changed == red || changed == green || changed == blue)
+            if (!setting->m_isWriting && (changed == red || changed == green || changed == blue))
                 Q_EMIT setting->colorChanged();
         });
         return setting;
@@ -63,6 +63,7 @@ private:
     QString m_title;
     std::function<StyleColor()> m_read;
     std::function<void(const StyleColor&)> m_write;
+    bool m_isWriting = false; // the colours in between are nobody's
 };
 
 } // namespace zelmo

@@ -11,12 +11,12 @@ T.Button {
 
     implicitWidth: SettingsMetrics.wellWidth
     implicitHeight: SettingsMetrics.wellHeight
-    Keys.onReturnPressed: well.click()
-    Keys.onEnterPressed: well.click()
+    Keys.onReturnPressed: well.clicked()
+    Keys.onEnterPressed: well.clicked()
     onClicked: editor.visible ? editor.close() : editor.open()
     onEnabledChanged: editor.close()
 
-    Accessible.role: Accessible.ColorChooser
+    Accessible.role: Accessible.Button
     Accessible.name: well.setting.title
     Accessible.description: well.setting.hex
 

@@ -31,7 +31,7 @@ FocusScope {
                 style: index
                 text: modelData
                 checked: index === picker.setting.index
-                focusPolicy: checked ? Qt.StrongFocus : Qt.ClickFocus
+                focusPolicy: checked || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
                 focus: checked
                 onClicked: picker.setting.choose(index)
                 onCheckedChanged: if (checked && picker.activeFocus) forceActiveFocus(Qt.TabFocusReason)

@@ -11,8 +11,8 @@ T.Button {
     implicitHeight: SettingsMetrics.controlHeight
     horizontalPadding: SettingsMetrics.rowPadding
     font.pixelSize: SettingsMetrics.bodySize
-    Keys.onReturnPressed: button.click()
-    Keys.onEnterPressed: button.click()
+    Keys.onReturnPressed: button.clicked()
+    Keys.onEnterPressed: button.clicked()
 
     Accessible.role: Accessible.Button
     Accessible.name: button.text

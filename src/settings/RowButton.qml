@@ -22,8 +22,8 @@ T.Button {
     horizontalPadding: SettingsMetrics.rowPadding
     font.pixelSize: SettingsMetrics.bodySize
     font.weight: Font.DemiBold
-    Keys.onReturnPressed: button.click()
-    Keys.onEnterPressed: button.click()
+    Keys.onReturnPressed: button.clicked()
+    Keys.onEnterPressed: button.clicked()
 
     Accessible.role: Accessible.Button
     Accessible.name: button.text

@@ -44,7 +44,7 @@ FocusScope {
                 text: modelData
                 font.pixelSize: SettingsMetrics.bodySize
                 checked: index === picker.setting.index
-                focusPolicy: checked ? Qt.StrongFocus : Qt.ClickFocus
+                focusPolicy: checked || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
                 focus: checked
                 onClicked: picker.setting.index = index
                 onCheckedChanged: if (checked && picker.activeFocus) forceActiveFocus(Qt.TabFocusReason)
