@@ -35,7 +35,8 @@ LinuxBackends::LinuxBackends()
     : preferencesFile(PlistPreferencesFile::standardFile()), identifier(bundleFolders()), connection(openConnection()),
       startupNotifier(connection.get()), workspace(connection.get(), identifier),
       launcher(bundleReader, startupNotifier, {updateDelayVariable}), fontFaces(QGuiApplication::font().family()),
-      iconSource(makeIconThemeIndex()), colorScheme(BusAddresses::fromEnvironment().session) {
+      iconSource(makeIconThemeIndex()), colorScheme(BusAddresses::fromEnvironment().session),
+      programActivation(connection.get()) {
     presence.setChangeHandler([this] { workspace.setUserPresent(presence.isPresent()); });
 }
 

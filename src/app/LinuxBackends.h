@@ -14,6 +14,7 @@
 #include "platform/linux/x11/X11HotKeyService.h"
 #include "platform/linux/x11/X11KeyboardBuffer.h"
 #include "platform/linux/x11/X11MainScreen.h"
+#include "platform/linux/x11/X11ProgramActivation.h"
 #include "platform/linux/x11/X11StartupNotifier.h"
 #include "platform/linux/x11/X11Workspace.h"
 
@@ -42,6 +43,7 @@ struct LinuxBackends {
     FontconfigFaces fontFaces;
     FreedesktopIconSource iconSource;
     PortalColorScheme colorScheme;
+    X11ProgramActivation programActivation;
 };
 
 } // namespace zelmo

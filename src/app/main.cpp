@@ -74,7 +74,9 @@ int main(int argc, char* argv[]) {
                                                                        .store = zelmo.launcherStore(),
                                                                        .hotKeyController = zelmo.hotKeyController(),
                                                                        .application = sharedApplication},
-                                                      backends.mainScreen, backends.colorScheme);
+                                                      SettingsWindowServices{.mainScreen = backends.mainScreen,
+                                                                             .activation = backends.programActivation,
+                                                                             .colorScheme = backends.colorScheme});
     zelmo.appDelegate().applicationDidFinishLaunching();
     instances.listen([&](ApplicationRequest request, const QByteArray& activationToken) {
         backends.startupNotifier.complete(activationToken);

@@ -1,6 +1,7 @@
 #include "settings/AppSettingsWindowController.h"
 
 #include "overlay/MainScreen.h"
+#include "settings/ProgramActivation.h"
 #include "settings/SettingsMetrics.h"
 #include "settings/SettingsWindow.h"
 
@@ -8,20 +9,20 @@
 
 namespace zelmo {
 
-AppSettingsWindowController::AppSettingsWindowController(const SettingsServices& services, const MainScreen& mainScreen,
-                                                         ColorScheme& scheme)
-    : m_services(services), m_mainScreen(mainScreen), m_scheme(scheme) {}
+AppSettingsWindowController::AppSettingsWindowController(const SettingsServices& services,
+                                                         const SettingsWindowServices& windowServices)
+    : m_services(services), m_windowServices(windowServices) {}
 
 AppSettingsWindowController::~AppSettingsWindowController() = default;
 
 void AppSettingsWindowController::build() {
     // Of the title bar, which nobody knows before the window is up.
     constexpr int frameRoom = 48;
-    m_window = std::make_unique<SettingsWindow>(m_services, m_scheme);
+    m_window = std::make_unique<SettingsWindow>(m_services, m_windowServices.colorScheme);
     QSize size(SettingsMetrics::windowWidth(), SettingsMetrics::windowHeight());
     const double textScale = SettingsMetrics::desktopTextScale();
     QSize least = QSize(SettingsMetrics::windowMinimumWidth(), SettingsMetrics::windowMinimumHeight()) * textScale;
-    if (QScreen* screen = m_mainScreen.mainScreen()) {
+    if (QScreen* screen = m_windowServices.mainScreen.mainScreen()) {
         const QRect area = screen->availableGeometry();
         const QSize largest = area.size() - QSize(0, frameRoom);
         size = size.boundedTo(largest);
@@ -43,7 +44,7 @@ void AppSettingsWindowController::showSettingsWindow() {
     m_window->setWindowStates(m_window->windowStates() & ~Qt::WindowMinimized);
     m_window->show();
     m_window->raise();
-    m_window->requestActivate();
+    m_windowServices.activation.activateIgnoringOtherApps(*m_window);
 }
 
 } // namespace zelmo

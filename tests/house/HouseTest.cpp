@@ -33,13 +33,26 @@ const QMap<QString, QStringList>& allowedArrows() {
 const QSet<QString>& interfaces() {
     static const QSet<QString> headers = [] {
         QSet<QString> set;
-        for (const char* header :
-             {"appearance/FontDesign.h", "catalog/AppIcon.h", "catalog/ApplicationLauncher.h",
-              "catalog/ApplicationSource.h", "catalog/BundleReader.h", "catalog/FileUrl.h", "catalog/FolderWatcher.h",
-              "catalog/RunningApplication.h", "catalog/Trash.h", "catalog/Workspace.h", "hotkey/HotKeyService.h",
-              "overlay/KeyboardBuffer.h", "overlay/MainScreen.h", "preferences/PreferenceTable.h",
-              "preferences/PreferencesStorage.h", "settings/ColorScheme.h", "shell/ProgramInstance.h", "ui/FontFaces.h",
-              "ui/IconSource.h"})
+        for (const char* header : {"appearance/FontDesign.h",
+                                   "catalog/AppIcon.h",
+                                   "catalog/ApplicationLauncher.h",
+                                   "catalog/ApplicationSource.h",
+                                   "catalog/BundleReader.h",
+                                   "catalog/FileUrl.h",
+                                   "catalog/FolderWatcher.h",
+                                   "catalog/RunningApplication.h",
+                                   "catalog/Trash.h",
+                                   "catalog/Workspace.h",
+                                   "hotkey/HotKeyService.h",
+                                   "overlay/KeyboardBuffer.h",
+                                   "overlay/MainScreen.h",
+                                   "preferences/PreferenceTable.h",
+                                   "preferences/PreferencesStorage.h",
+                                   "settings/ColorScheme.h",
+                                   "settings/ProgramActivation.h",
+                                   "shell/ProgramInstance.h",
+                                   "ui/FontFaces.h",
+                                   "ui/IconSource.h"})
             set.insert(QString::fromLatin1(header));
         return set;
     }();

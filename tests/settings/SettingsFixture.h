@@ -4,12 +4,14 @@
 #include "overlay/MainScreen.h"
 #include "settings/AppSettingsWindowController.h"
 #include "settings/ColorScheme.h"
+#include "settings/ProgramActivation.h"
 #include "shell/SharedApplication.h"
 #include "support/CatalogFakes.h"
 #include "support/FakeHotKeyService.h"
 
 #include <QGuiApplication>
 #include <QImage>
+#include <QWindow>
 
 namespace zelmo::test {
 
@@ -49,6 +51,16 @@ public:
     QScreen* mainScreen() const override { return QGuiApplication::primaryScreen(); }
 };
 
+class CountedActivation : public ProgramActivation {
+public:
+    void activateIgnoringOtherApps(QWindow& window) override {
+        ++count;
+        window.requestActivate();
+    }
+
+    int count = 0;
+};
+
 // All that the settings change, on fakes.
 struct SettingsFixture {
     explicit SettingsFixture(const PreferenceValues& values = {}) : catalog({}, values) {}
@@ -58,6 +70,9 @@ struct SettingsFixture {
                 .store = *catalog.store,
                 .hotKeyController = hotKeyController,
                 .application = application};
+    }
+    SettingsWindowServices windowServices() {
+        return {.mainScreen = screen, .activation = activation, .colorScheme = scheme};
     }
     template <PreferenceKey key>
     PreferenceType<key> value() const {
@@ -75,6 +90,7 @@ struct SettingsFixture {
     FakeSharedApplication application;
     FakeColorScheme scheme;
     FirstScreen screen;
+    CountedActivation activation;
 };
 
 } // namespace zelmo::test

@@ -75,7 +75,7 @@ public:
         return list;
     }
 
-    AppSettingsWindowController controller{services(), screen, scheme};
+    AppSettingsWindowController controller{services(), windowServices()};
 
 private:
     static void collect(QAccessibleInterface* parent, QList<QAccessibleInterface*>& list) {

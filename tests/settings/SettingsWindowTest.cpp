@@ -248,7 +248,7 @@ private Q_SLOTS:
 
     void theWindowIsBuiltOnceAndKept() {
         SettingsFixture fixture;
-        AppSettingsWindowController controller(fixture.services(), fixture.screen, fixture.scheme);
+        AppSettingsWindowController controller(fixture.services(), fixture.windowServices());
         QVERIFY(!controller.window());
         QCOMPARE(fixture.scheme.starts, 0);
         controller.showSettingsWindow();
@@ -265,6 +265,7 @@ private Q_SLOTS:
         controller.showSettingsWindow();
         QCOMPARE(controller.window(), window.get());
         QCOMPARE(window->rootObject(), content);
+        QCOMPARE(fixture.activation.count, 2);
         const QRect place(30, 40, 500, 450);
         window->setGeometry(place);
         QVERIFY(window->close());
