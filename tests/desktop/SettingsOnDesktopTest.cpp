@@ -185,6 +185,14 @@ private Q_SLOTS:
         QVERIFY(settings.hasState(*settings.window(), "_NET_WM_STATE_ABOVE"));
     }
 
+    void theyOpenWithoutAWindowManagerToo() {
+        SettingsOnScreen settings({.windowManager = {}});
+        QVERIFY(settings.start(2));
+        QVERIFY(settings.open());
+        settings.typeWith(controlKey, letterW);
+        QVERIFY(settings.waitUntilGone());
+    }
+
     void aBackgroundThatIsPickedIsStored() {
         SettingsOnScreen settings;
         QVERIFY(settings.start(2));
@@ -293,7 +301,13 @@ private Q_SLOTS:
         }));
         display.activate(*other);
         QVERIFY(DesktopSession::waitFor([&] { return display.activeClass() == QLatin1StringView("Xedit"); }));
-        settings.session->display().typeText(QStringLiteral("abc"));
+        // Past the settings, which lie above.
+        settings.moveWindow({800, 60, 460, 400});
+        QVERIFY(DesktopSession::waitFor([&] { return settings.place().left() > 780; }));
+        const QRect place = display.geometry(*other).value_or(QRect());
+        QVERIFY(place.left() + 30 < 780);
+        display.click(place.bottomLeft() + QPoint(30, -30));
+        QVERIFY(display.typeText(QStringLiteral("abc")));
         QVERIFY(settings.ask());
         QVERIFY(settings.waitUntilShown());
         QCOMPARE(settings.window(), first);
