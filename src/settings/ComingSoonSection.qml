@@ -45,6 +45,9 @@ SettingsSection {
             }
         }
 
+        RowSeparator {
+            colors: section.colors
+        }
         Column {
             id: extras
 
