@@ -3,6 +3,7 @@
 #include "settings/SettingsPalette.h"
 
 #include <QKeyEvent>
+#include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QtQml/qqmlextensionplugin.h>
@@ -15,8 +16,8 @@ SettingsWindow::SettingsWindow(const SettingsServices& services, ColorScheme& sc
     : m_services(services), m_scheme(scheme) {
     setTitle(QStringLiteral("Zelmo Settings"));
     setFlags(Qt::Window | Qt::WindowStaysOnTopHint);
-    setResizeMode(QQuickView::SizeRootObjectToView);
-    engine()->addImportPath(QStringLiteral("qrc:/"));
+    for (const auto resized : {&QWindow::widthChanged, &QWindow::heightChanged})
+        connect(this, resized, this, &SettingsWindow::layOut);
 }
 
 SettingsWindow::~SettingsWindow() {
@@ -32,22 +33,34 @@ void SettingsWindow::loadContent() {
     const auto paintGround = [this] { setColor(m_palette->window()); };
     connect(m_palette.get(), &SettingsPalette::changed, this, paintGround);
     paintGround();
-    setInitialProperties({{QStringLiteral("form"), QVariant::fromValue(m_form.get())},
-                          {QStringLiteral("colors"), QVariant::fromValue(m_palette.get())}});
-    setSource(QUrl(QStringLiteral("qrc:/Zelmo/Settings/ZelmoSettingsView.qml")));
+    m_engine = std::make_unique<QQmlEngine>();
+    m_engine->addImportPath(QStringLiteral("qrc:/"));
+    QQmlComponent component(m_engine.get(), QUrl(QStringLiteral("qrc:/Zelmo/Settings/ZelmoSettingsView.qml")));
+    m_view.reset(qobject_cast<QQuickItem*>(
+        component.createWithInitialProperties({{QStringLiteral("form"), QVariant::fromValue(m_form.get())},
+                                               {QStringLiteral("colors"), QVariant::fromValue(m_palette.get())}})));
+    if (!m_view)
+        qFatal("%s", qPrintable(component.errorString()));
+    m_view->setParentItem(contentItem());
+    layOut();
+}
+
+void SettingsWindow::layOut() {
+    if (m_view)
+        m_view->setSize(size());
 }
 
 void SettingsWindow::freeContent() {
-    setSource({});
+    m_view.reset();
+    m_engine.reset();
     m_form.reset();
     m_palette.reset();
-    engine()->clearComponentCache();
     releaseResources();
 }
 
 void SettingsWindow::keyPressEvent(QKeyEvent* event) {
     if (!event->matches(QKeySequence::Close)) {
-        QQuickView::keyPressEvent(event);
+        QQuickWindow::keyPressEvent(event);
         return;
     }
     event->accept();
@@ -55,7 +68,7 @@ void SettingsWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 bool SettingsWindow::event(QEvent* event) {
-    const bool result = QQuickView::event(event);
+    const bool result = QQuickWindow::event(event);
     // Not while the content may be the one that asked for it.
     if (event->type() == QEvent::Close && event->isAccepted())
         QMetaObject::invokeMethod(

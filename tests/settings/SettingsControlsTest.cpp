@@ -476,7 +476,7 @@ private Q_SLOTS:
         for (int i = 0; i < 3; ++i)
             QVERIFY(view.click(QAccessible::Button, "Coming Soon"));
         QObject* animation = nullptr;
-        for (QObject* candidate : view.window().rootObject()->findChildren<QObject*>()) {
+        for (QObject* candidate : view.window().view()->findChildren<QObject*>()) {
             if (candidate->inherits("QQuickNumberAnimation") &&
                 candidate->property("properties").toString().isEmpty() &&
                 candidate->property("duration").toInt() == 180)

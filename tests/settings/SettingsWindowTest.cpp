@@ -261,22 +261,22 @@ private Q_SLOTS:
         const QRect around = window->screen()->availableGeometry();
         QVERIFY((window->geometry().center() - around.center()).manhattanLength() <= 1);
         // Shown again while it is open: nothing begins anew.
-        const QQuickItem* content = window->rootObject();
+        const QQuickItem* content = window->view();
         controller.showSettingsWindow();
         QCOMPARE(controller.window(), window.get());
-        QCOMPARE(window->rootObject(), content);
+        QCOMPARE(window->view(), content);
         QCOMPARE(fixture.activation.count, 2);
         const QRect place(30, 40, 500, 450);
         window->setGeometry(place);
         QVERIFY(window->close());
         QVERIFY(QTest::qWaitFor([&] { return !window->form(); }));
         QVERIFY(window);
-        QVERIFY(!window->rootObject());
+        QVERIFY(!window->view());
         controller.showSettingsWindow();
         QCOMPARE(controller.window(), window.get());
         QVERIFY(QTest::qWaitForWindowActive(window));
         QCOMPARE(window->geometry(), place);
-        QVERIFY(window->rootObject());
+        QVERIFY(window->view());
     }
 
     void closingStartsTheTapsAgain_data() {
@@ -326,7 +326,7 @@ private Q_SLOTS:
             expectEveryTextInside(view);
             view.window().resize(view.window().minimumWidth(), 2400);
             QVERIFY(
-                QTest::qWaitFor([&] { return view.window().rootObject()->width() == view.window().minimumWidth(); }));
+                QTest::qWaitFor([&] { return view.window().view()->width() == view.window().minimumWidth(); }));
             expectEveryTextInside(view);
         }
         QGuiApplication::setFont(before);
