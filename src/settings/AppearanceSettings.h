@@ -4,6 +4,8 @@
 #include "settings/FontSizeSetting.h"
 #include "settings/PickerSetting.h"
 
+#include <QQmlListProperty>
+
 namespace zelmo {
 
 // The section of letters, background, colours and sizes. Owned by the form; main thread.
@@ -17,7 +19,7 @@ class AppearanceSettings : public QObject {
     // Its colour counts for one of the backgrounds only.
     Q_PROPERTY(bool backgroundColorCounts READ backgroundColorCounts NOTIFY backgroundChanged)
     Q_PROPERTY(zelmo::ColorSetting* textColor READ textColor CONSTANT)
-    Q_PROPERTY(QList<QObject*> sizes READ sizes CONSTANT)
+    Q_PROPERTY(QQmlListProperty<zelmo::FontSizeSetting> sizes READ sizesForQml CONSTANT)
     Q_PROPERTY(bool showsTileBackgrounds READ showsTileBackgrounds WRITE setShowsTileBackgrounds NOTIFY
                    showsTileBackgroundsChanged)
 
@@ -29,8 +31,9 @@ public:
     ColorSetting* backgroundColor() const { return m_backgroundColor; }
     bool backgroundColorCounts() const;
     ColorSetting* textColor() const { return m_textColor; }
-    // Of type FontSizeSetting, as they stand below each other.
-    const QList<QObject*>& sizes() const { return m_sizes; }
+    // As they stand below each other.
+    const QList<FontSizeSetting*>& sizes() const { return m_sizes; }
+    QQmlListProperty<FontSizeSetting> sizesForQml() { return {this, &m_sizes}; }
     bool showsTileBackgrounds() const;
     void setShowsTileBackgrounds(bool shows);
 
@@ -44,7 +47,7 @@ private:
     PickerSetting* m_background;
     ColorSetting* m_backgroundColor;
     ColorSetting* m_textColor;
-    QList<QObject*> m_sizes;
+    QList<FontSizeSetting*> m_sizes;
 };
 
 } // namespace zelmo

@@ -29,21 +29,22 @@ T.RadioButton {
             visible: option.visualFocus
         }
     }
-    contentItem: Item {
-        implicitHeight: SettingsMetrics.iconSide + SettingsMetrics.headingSpacing + label.implicitHeight
+    contentItem: Column {
+        spacing: SettingsMetrics.headingSpacing
 
-        AppIconCanvasItem {
-            x: (parent.width - width) / 2
-            y: -margin
-            width: SettingsMetrics.iconSide + 2 * margin
+        Item {
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: SettingsMetrics.iconSide
             height: width
-            margin: SettingsMetrics.iconMargin
-            style: option.style
+
+            AppIconCanvasItem {
+                anchors.fill: parent
+                anchors.margins: -margin
+                margin: SettingsMetrics.iconMargin
+                style: option.style
+            }
         }
         SettingsText {
-            id: label
-
-            anchors.bottom: parent.bottom
             width: parent.width
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.NoWrap

@@ -59,7 +59,7 @@ T.ComboBox {
         required property string modelData
         required property int index
 
-        width: ListView.view.width - (listBar.visible ? listBar.width : 0)
+        width: ListView.view.width
         implicitHeight: SettingsMetrics.listItemHeight
         leftPadding: 2 * SettingsMetrics.popupPadding + SettingsMetrics.tickSide
         rightPadding: SettingsMetrics.popupPadding
@@ -106,19 +106,10 @@ T.ComboBox {
         background: PopupGround {
             colors: picker.colors
         }
-        contentItem: ListView {
-            implicitHeight: contentHeight
-            clip: true
+        contentItem: PickerList {
+            colors: picker.colors
             model: picker.delegateModel
             currentIndex: picker.highlightedIndex
-            highlightMoveDuration: 0
-            boundsBehavior: Flickable.StopAtBounds
-
-            T.ScrollBar.vertical: FormScrollBar {
-                id: listBar
-
-                colors: picker.colors
-            }
         }
     }
 }

@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
 import Zelmo.Settings
-import Zelmo.Ui
 
 // A whole row that acts: a symbol in a coloured circle, if any, the title with a line below it, if any, and a mark.
 T.Button {
@@ -40,79 +39,17 @@ T.Button {
             visible: button.visualFocus
         }
     }
-    contentItem: Item {
-        implicitHeight: Math.max(badge.visible ? badge.height : 0, lines.height)
-
-        PlateItem {
-            id: badge
-
-            anchors.verticalCenter: parent.verticalCenter
-            width: SettingsMetrics.badgeSide
-            height: width
-            radius: width / 2
-            colors: button.badgeColors
-            visible: button.symbol !== ""
-
-            SymbolItem {
-                anchors.centerIn: parent
-                width: button.symbolSize * SettingsMetrics.symbolSideRatio
-                height: width
-                name: button.symbol
-                weight: button.symbolWeight
-                color: button.colors.knob
-            }
-        }
-        Column {
-            id: lines
-
-            anchors {
-                left: badge.visible ? badge.right : parent.left
-                leftMargin: badge.visible ? SettingsMetrics.rowSpacing : 0
-                right: parent.right
-                rightMargin: 2 * SettingsMetrics.rowSpacing
-                verticalCenter: parent.verticalCenter
-            }
-            spacing: SettingsMetrics.lineSpacing
-
-            SettingsText {
-                width: parent.width
-                colors: button.colors
-                text: button.text
-                font: button.font
-
-                Accessible.ignored: true
-            }
-            CaptionText {
-                width: parent.width
-                colors: button.colors
-                text: button.caption
-                visible: text !== ""
-
-                Accessible.ignored: true
-            }
-        }
-        SymbolItem {
-            anchors {
-                right: parent.right
-                verticalCenter: parent.verticalCenter
-            }
-            width: SettingsMetrics.checkSymbolSize * SettingsMetrics.symbolSideRatio
-            height: width
-            name: "checkmark.circle.fill"
-            color: button.colors.green
-            visible: button.isMarked
-        }
-        ChevronItem {
-            anchors {
-                right: parent.right
-                rightMargin: SettingsMetrics.controlPadding
-                verticalCenter: parent.verticalCenter
-            }
-            width: SettingsMetrics.chevronWidth
-            height: SettingsMetrics.chevronHeight
-            color: button.colors.secondaryText
-            visible: button.isCycling
-        }
+    contentItem: RowButtonContent {
+        colors: button.colors
+        title: button.text
+        titleFont: button.font
+        caption: button.caption
+        symbol: button.symbol
+        symbolSize: button.symbolSize
+        symbolWeight: button.symbolWeight
+        badgeColors: button.badgeColors
+        isMarked: button.isMarked
+        isCycling: button.isCycling
     }
 
     RowSeparator {

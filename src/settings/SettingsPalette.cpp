@@ -64,8 +64,8 @@ void SettingsPalette::follow() {
                                            : wish == SchemeWish::dark;
     const QColor wanted = m_scheme.accent().value_or(pick(QColor(0x1d, 0x6a, 0xe5), QColor(0x2f, 0x74, 0xd8)));
     m_accent = wanted;
-    for (float share = 0.1F; contrast(m_accent, group()) < leastContrast && share < 1; share += 0.1F)
-        m_accent = mixed(wanted, text(), share);
+    for (int tenths = 1; contrast(m_accent, group()) < leastContrast && tenths < 10; ++tenths)
+        m_accent = mixed(wanted, text(), static_cast<float>(tenths) / 10);
     Q_EMIT changed();
 }
 

@@ -45,15 +45,13 @@ Row {
             color: row.colors.controlOutline
 
             Rectangle {
-                width: knob.x + knob.width / 2
+                width: slider.visualPosition * (slider.width - SettingsMetrics.sliderKnobSide) + SettingsMetrics.sliderKnobSide / 2
                 height: parent.height
                 radius: parent.radius
                 color: row.colors.accent
             }
         }
         handle: PlateItem {
-            id: knob
-
             x: slider.visualPosition * (slider.width - width)
             y: (slider.height - height) / 2
             width: SettingsMetrics.sliderKnobSide

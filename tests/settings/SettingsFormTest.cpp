@@ -21,7 +21,7 @@ QString text(const char* latin1) {
 }
 
 FontSizeSetting& size(const SettingsForm& form, int place) {
-    return *qobject_cast<FontSizeSetting*>(form.appearance()->sizes().at(place));
+    return *form.appearance()->sizes().at(place);
 }
 
 } // namespace

@@ -325,8 +325,7 @@ private Q_SLOTS:
             QVERIFY(view.texts(text("App Label Size"))[0]->property("font").value<QFont>().pixelSize() >= 19);
             expectEveryTextInside(view);
             view.window().resize(view.window().minimumWidth(), 2400);
-            QVERIFY(
-                QTest::qWaitFor([&] { return view.window().view()->width() == view.window().minimumWidth(); }));
+            QVERIFY(QTest::qWaitFor([&] { return view.window().view()->width() == view.window().minimumWidth(); }));
             expectEveryTextInside(view);
         }
         QGuiApplication::setFont(before);
