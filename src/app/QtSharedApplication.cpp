@@ -9,7 +9,6 @@ namespace zelmo {
 QtSharedApplication::QtSharedApplication() {
     if (!qGuiApp)
         qFatal("There is no application object.");
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Zelmo"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
 }
 

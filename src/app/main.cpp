@@ -10,6 +10,7 @@
 #include "iconart/ZelmoIconFactory.h"
 #include "overlay/OverlayWindowController.h"
 #include "preferences/Preferences.h"
+#include "settings/AppSettingsWindowController.h"
 #include "shell/ZelmoApp.h"
 #include "shell/ZelmoAppDelegate.h"
 #include "ui/AlertWindowPresenter.h"
@@ -56,17 +57,17 @@ int main(int argc, char* argv[]) {
                                                                          .motion = backends.motion,
                                                                          .content = *wall});
     };
+    std::unique_ptr<AppSettingsWindowController> settings;
     const auto makeStore = [&] {
-        return std::make_unique<LauncherStore>(backends.makeScanner(),
-                                               LauncherServices{.preferences = preferences,
-                                                                .workspace = backends.workspace,
-                                                                .launcher = backends.launcher,
-                                                                .trash = backends.trash,
-                                                                .alerts = alerts,
-                                                                .folderWatcher = backends.folderWatcher,
-                                                                .makeOverlay = makeOverlay,
-                                                                // There is no such window yet.
-                                                                .showSettingsWindow = [] {}});
+        return std::make_unique<LauncherStore>(
+            backends.makeScanner(), LauncherServices{.preferences = preferences,
+                                                     .workspace = backends.workspace,
+                                                     .launcher = backends.launcher,
+                                                     .trash = backends.trash,
+                                                     .alerts = alerts,
+                                                     .folderWatcher = backends.folderWatcher,
+                                                     .makeOverlay = makeOverlay,
+                                                     .showSettingsWindow = [&] { settings->showSettingsWindow(); }});
     };
     const auto makeHotKeyController = [&](LauncherStore& store) {
         return std::make_unique<LauncherHotKeyController>(preferences, backends.hotKeyService,
@@ -76,6 +77,14 @@ int main(int argc, char* argv[]) {
                           .renderIcon = [&](int points) { return ZelmoIconFactory::appIcon(points, preferences); },
                           .makeStore = makeStore,
                           .makeHotKeyController = makeHotKeyController});
+    settings =
+        std::make_unique<AppSettingsWindowController>(SettingsServices{.preferences = preferences,
+                                                                       .store = zelmo.launcherStore(),
+                                                                       .hotKeyController = zelmo.hotKeyController(),
+                                                                       .application = sharedApplication},
+                                                      SettingsWindowServices{.mainScreen = backends.mainScreen,
+                                                                             .activation = backends.programActivation,
+                                                                             .colorScheme = backends.colorScheme});
     zelmo.appDelegate().applicationDidFinishLaunching();
     instances.listen([&](ApplicationRequest request, const QByteArray& activationToken) {
         backends.startupNotifier.complete(activationToken);
@@ -84,5 +93,8 @@ int main(int argc, char* argv[]) {
     // Of no use before the wall is up, and the buses may be slow.
     QMetaObject::invokeMethod(
         &application, [&backends] { backends.presence.start(); }, Qt::QueuedConnection);
-    return QGuiApplication::exec();
+    const int exitCode = QGuiApplication::exec();
+    // Before the store, which it shows.
+    settings.reset();
+    return exitCode;
 }

@@ -32,6 +32,7 @@ public:
     ZelmoApp& operator=(const ZelmoApp&) = delete;
 
     LauncherStore& launcherStore() const { return *m_launcherStore; }
+    LauncherHotKeyController& hotKeyController() const { return *m_hotKeyController; }
     ZelmoAppDelegate& appDelegate() const { return *m_appDelegate; }
 
 private:

@@ -20,8 +20,10 @@ const QMap<QString, QStringList>& allowedArrows() {
             {QStringLiteral("overlay"), list("catalog preferences")},
             {QStringLiteral("ui"), list("overlay catalog appearance iconart preferences")},
             {QStringLiteral("shell"), list("catalog hotkey preferences")},
-            {QStringLiteral("platform"), list("preferences appearance catalog hotkey overlay ui shell")},
-            {QStringLiteral("app"), list("shell ui platform overlay catalog appearance hotkey iconart preferences")},
+            {QStringLiteral("settings"), list("shell ui overlay catalog hotkey appearance iconart preferences")},
+            {QStringLiteral("platform"), list("preferences appearance catalog hotkey overlay ui shell settings")},
+            {QStringLiteral("app"),
+             list("settings shell ui platform overlay catalog appearance hotkey iconart preferences")},
         };
     }();
     return arrows;
@@ -48,6 +50,8 @@ const QSet<QString>& interfaces() {
                                    "overlay/SystemPresentation.h",
                                    "preferences/PreferenceTable.h",
                                    "preferences/PreferencesStorage.h",
+                                   "settings/ColorScheme.h",
+                                   "settings/ProgramActivation.h",
                                    "shell/ProgramInstance.h",
                                    "ui/DesktopCapture.h",
                                    "ui/FontFaces.h",

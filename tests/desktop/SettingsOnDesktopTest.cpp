@@ -1,0 +1,418 @@
+#include "desktop/WallOnScreen.h"
+#include "platform/linux/session/FakeService.h"
+#include "platform/linux/x11/OtherProgram.h"
+
+#include <QColor>
+#include <QDBusConnection>
+#include <QDBusMetaType>
+#include <QFile>
+
+using namespace zelmo::test;
+
+using Namespaces = QMap<QString, QVariantMap>;
+
+namespace {
+
+constexpr xcb_keysym_t shiftKey = 0xffe1;
+constexpr xcb_keysym_t rightKey = 0xff53;
+constexpr xcb_keysym_t letterW = 0x0077;
+constexpr xcb_keysym_t downKey = 0xff54;
+constexpr xcb_keycode_t spaceCode = 65;
+constexpr std::uint32_t iconicState = 3; // of a window that is put down
+
+// A desktop on which the program runs, with its wall put away again.
+class SettingsOnScreen {
+public:
+    explicit SettingsOnScreen(const DesktopOptions& options = {}) : session(DesktopSession::start(options)) {
+        if (!session)
+            return;
+        session->installEntry(QStringLiteral("Notes"));
+        session->installEntry(QStringLiteral("Mail"));
+        connection.emplace(QDBusConnection::connectToBus(
+            session->environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")), QStringLiteral("desktop")));
+    }
+    ~SettingsOnScreen() {
+        connection.reset();
+        QDBusConnection::disconnectFromBus(QStringLiteral("desktop"));
+    }
+    SettingsOnScreen(const SettingsOnScreen&) = delete;
+    SettingsOnScreen& operator=(const SettingsOnScreen&) = delete;
+
+    bool start(int cards) {
+        if (!session)
+            return false;
+        wall = std::make_unique<WallOnScreen>(*session);
+        return wall->waitForCards(cards) && wall->hide();
+    }
+    bool ask() {
+        QDBusMessage message = QDBusMessage::createMethodCall(
+            QStringLiteral("org.zelmo.Zelmo"), QStringLiteral("/org/zelmo/Zelmo"),
+            QStringLiteral("org.freedesktop.Application"), QStringLiteral("ActivateAction"));
+        message.setArguments({QStringLiteral("settings"), QVariant(QVariantList()), QVariantMap()});
+        return connection->call(message).type() == QDBusMessage::ReplyMessage;
+    }
+    std::optional<xcb_window_t> window() const {
+        return session->display().viewableWindow(QStringLiteral("Zelmo Settings"));
+    }
+    bool waitUntilShown() const {
+        return DesktopSession::waitFor([this] {
+            const auto shown = window();
+            return shown && session->display().focusedWindow() == *shown;
+        });
+    }
+    // With its form painted and ready for keys.
+    bool open() {
+        return ask() && waitUntilShown() && DesktopSession::waitFor([this] { return runsOfControls().size() >= 2; });
+    }
+    bool waitUntilGone() const {
+        return DesktopSession::waitFor([this] { return !window().has_value(); });
+    }
+    QRect place() const {
+        const auto shown = window();
+        return shown ? session->display().geometry(*shown).value_or(QRect()) : QRect();
+    }
+    QImage picture() const { return session->display().screenshot().copy(place()); }
+
+    // From top to bottom, the places of what is as grey as a list's button, some way from the right edge.
+    QList<QRect> runsOfControls() const {
+        const QImage shown = picture();
+        const int x = shown.width() - 40;
+        QList<QRect> runs;
+        for (int y = 0, first = -1; y < shown.height() && x > 0; ++y) {
+            const int gray = qGray(shown.pixel(x, y));
+            const bool isControl = gray > 236 && gray < 244 && shown.pixelColor(x, y).saturation() < 3;
+            if (isControl && first < 0)
+                first = y;
+            if (!isControl && first >= 0) {
+                if (y - first >= 20 && y - first <= 30)
+                    runs.append(QRect(place().left() + x, place().top() + first, 1, y - first));
+                first = -1;
+            }
+        }
+        return runs;
+    }
+    // Of letters, whose edges are mixed with their ground.
+    int orangePixels() const {
+        return count([](QRgb pixel) {
+            return qRed(pixel) > 150 && qRed(pixel) < 240 && qGreen(pixel) < 180 && qBlue(pixel) < 110 &&
+                   qRed(pixel) - qBlue(pixel) > 100;
+        });
+    }
+    int checkmarkPixels() const {
+        return count([](QRgb pixel) { return (pixel & 0xffffffU) == (qRgb(0x24, 0x8a, 0x3d) & 0xffffffU); });
+    }
+    QByteArray stored() const {
+        QFile file(session->home() + QStringLiteral("/.config/zelmo/preferences.plist"));
+        return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    void type(xcb_keysym_t key, int times = 1) const {
+        for (int i = 0; i < times; ++i)
+            session->display().typeKey(key);
+    }
+    void typeWith(xcb_keysym_t modifier, xcb_keysym_t key, int times = 1) const {
+        session->display().holdKey(modifier);
+        type(key, times);
+        session->display().releaseKey(modifier);
+    }
+    // What a property of a window holds.
+    QByteArray property(xcb_window_t window, const QByteArray& name) const {
+        xcb_connection_t* server = session->display().connection();
+        auto* atom = xcb_intern_atom_reply(
+            server, xcb_intern_atom(server, 0, static_cast<std::uint16_t>(name.size()), name.constData()), nullptr);
+        auto* reply = xcb_get_property_reply(
+            server, xcb_get_property(server, 0, window, atom->atom, XCB_GET_PROPERTY_TYPE_ANY, 0, 1U << 20U), nullptr);
+        QByteArray value(static_cast<const char*>(xcb_get_property_value(reply)), xcb_get_property_value_length(reply));
+        std::free(atom);
+        std::free(reply);
+        return value;
+    }
+    bool hasState(xcb_window_t window, const QByteArray& name) const {
+        xcb_connection_t* server = session->display().connection();
+        auto* atom = xcb_intern_atom_reply(
+            server, xcb_intern_atom(server, 0, static_cast<std::uint16_t>(name.size()), name.constData()), nullptr);
+        const QByteArray number(reinterpret_cast<const char*>(&atom->atom), sizeof atom->atom);
+        std::free(atom);
+        return property(window, "_NET_WM_STATE").contains(number);
+    }
+    // As a person does who drags it by its frame.
+    void moveWindow(const QRect& place) const {
+        const std::array<std::uint32_t, 4> values{
+            static_cast<std::uint32_t>(place.left()), static_cast<std::uint32_t>(place.top()),
+            static_cast<std::uint32_t>(place.width()), static_cast<std::uint32_t>(place.height())};
+        xcb_configure_window(session->display().connection(), *window(),
+                             XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH |
+                                 XCB_CONFIG_WINDOW_HEIGHT,
+                             values.data());
+        session->display().synchronize();
+    }
+
+private:
+    template <typename Predicate>
+    int count(Predicate predicate) const {
+        const QImage shown = picture();
+        int found = 0;
+        for (int y = 0; y < shown.height(); ++y) {
+            for (int x = 0; x < shown.width(); ++x)
+                found += predicate(shown.pixel(x, y)) ? 1 : 0;
+        }
+        return found;
+    }
+
+public:
+    std::unique_ptr<DesktopSession> session;
+    std::optional<QDBusConnection> connection;
+    std::unique_ptr<WallOnScreen> wall;
+};
+
+} // namespace
+
+// The settings of the program under test, with a person's keys and pointer.
+class SettingsOnDesktopTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { qDBusRegisterMetaType<Namespaces>(); }
+
+    void theBusOpensThemInTheMiddleAboveOthers_data() { windowManagers(); }
+    void theBusOpensThemInTheMiddleAboveOthers() {
+        QFETCH(QString, windowManager);
+        SettingsOnScreen settings({.windowManager = windowManager});
+        QVERIFY(settings.start(2));
+        QVERIFY(settings.open());
+        QCOMPARE(settings.place().size(), QSize(560, 680));
+        const QPoint off = settings.place().center() - QRect(0, 0, 1280, 800).center();
+        QVERIFY(off.manhattanLength() < 40);
+        QVERIFY(settings.hasState(*settings.window(), "_NET_WM_STATE_ABOVE"));
+    }
+
+    void theyOpenWithoutAWindowManagerToo() {
+        SettingsOnScreen settings({.windowManager = {}});
+        QVERIFY(settings.start(2));
+        QVERIFY(settings.open());
+        settings.typeWith(controlKey, letterW);
+        QVERIFY(settings.waitUntilGone());
+    }
+
+    void aBackgroundThatIsPickedIsStored() {
+        SettingsOnScreen settings;
+        QVERIFY(settings.start(2));
+        QVERIFY(settings.open());
+        const QRect picker = settings.runsOfControls().value(1);
+        settings.session->display().click(picker.center());
+        // The third row of the list that opens below.
+        const QPoint row(picker.left() - 80, picker.bottom() + 4 + 5 + 26 * 2 + 13);
+        const auto isOpen = [&] {
+            const QImage screen = settings.session->display().screenshot();
+            return screen.pixelColor(row.x(), picker.bottom() + 4 + 5 + 3).saturation() > 150;
+        };
+        QVERIFY(DesktopSession::waitFor(isOpen));
+        settings.session->display().click(row);
+        QVERIFY(DesktopSession::waitFor([&] { return settings.stored().contains("<string>linen</string>"); }));
+        // And by keys.
+        settings.type(tabKey);
+        settings.typeWith(shiftKey, tabKey);
+        settings.type(downKey);
+        QVERIFY(DesktopSession::waitFor([&] { return settings.stored().contains("<string>softSky</string>"); }));
+    }
+
+    void hiddenAppsComeBackToTheWall() {
+        SettingsOnScreen settings;
+        QVERIFY(settings.session);
+        settings.session->writeFile(
+            QStringLiteral(".config/zelmo/preferences.plist"),
+            "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>hiddenAppPaths</key><array><string>" +
+                settings.session->home().toUtf8() +
+                "/.local/share/applications/Mail.desktop</string></array></dict></plist>");
+        QVERIFY(settings.start(1));
+        QVERIFY(settings.open());
+        settings.typeWith(shiftKey, tabKey, 2);
+        settings.type(spaceKey);
+        QVERIFY(DesktopSession::waitFor([&] { return !settings.stored().contains("Mail.desktop"); }));
+        settings.typeWith(controlKey, letterW);
+        QVERIFY(settings.waitUntilGone());
+        settings.wall->pressShortcut(altKey);
+        QVERIFY(settings.wall->waitForCards(2));
+    }
+
+    void aShortcutThatIsTakenIsOrangeUntilItIsFree() {
+        SettingsOnScreen settings;
+        QVERIFY(settings.start(2));
+        const OtherProgram other(settings.session->displayName());
+        QVERIFY(other.grabKey(spaceCode, XCB_MOD_MASK_CONTROL));
+        QVERIFY(settings.open());
+        settings.typeWith(shiftKey, tabKey, 3);
+        // The end of the form, with its coloured circles.
+        QVERIFY(DesktopSession::waitFor([&] { return settings.runsOfControls().size() == 1; }));
+        const int before = settings.orangePixels();
+        settings.type(spaceKey);
+        QVERIFY(DesktopSession::waitFor([&] { return settings.orangePixels() > before + 100; }));
+        QVERIFY(
+            DesktopSession::waitFor([&] { return settings.stored().contains("Could not assign Control + Space."); }));
+        other.ungrabKey(spaceCode, XCB_MOD_MASK_CONTROL);
+        settings.type(spaceKey);
+        QVERIFY(DesktopSession::waitFor([&] { return settings.orangePixels() == before; }));
+        QVERIFY(settings.checkmarkPixels() > 20);
+        QVERIFY(DesktopSession::waitFor(
+            [&] { return settings.stored().contains("Control + Space is assigned to Zelmo."); }));
+        settings.wall->pressShortcut(controlKey);
+        QVERIFY(settings.wall->waitUntilShown());
+    }
+
+    void theFrameIsKeptOverCloseAndReopen_data() { windowManagers(); }
+    void theFrameIsKeptOverCloseAndReopen() {
+        QFETCH(QString, windowManager);
+        SettingsOnScreen settings({.windowManager = windowManager});
+        QVERIFY(settings.start(2));
+        QVERIFY(settings.open());
+        const QRect first = settings.place();
+        settings.moveWindow({60, 90, 470, 410});
+        QVERIFY(DesktopSession::waitFor([&] { return settings.place().size() == QSize(470, 410); }));
+        QRect wanted;
+        QVERIFY(DesktopSession::waitFor([&] {
+            const QRect now = settings.place();
+            return now.left() != first.left() && std::exchange(wanted, now) == now;
+        }));
+        for (int i = 0; i < 3; ++i) {
+            if (i == 1)
+                settings.typeWith(controlKey, letterW);
+            else
+                settings.session->display().close(*settings.window());
+            QVERIFY(settings.waitUntilGone());
+            QVERIFY(settings.ask());
+            QVERIFY(settings.waitUntilShown());
+            QVERIFY(DesktopSession::waitFor([&] { return settings.place() == wanted; }));
+        }
+    }
+
+    void openedTwiceItIsOneWindowInFront_data() { windowManagers(); }
+    void openedTwiceItIsOneWindowInFront() {
+        QFETCH(QString, windowManager);
+        SettingsOnScreen settings({.windowManager = windowManager});
+        QVERIFY(settings.start(2));
+        QVERIFY(settings.open());
+        const auto first = settings.window();
+        // The user goes on in another program, which has the focus then.
+        settings.session->startProgram(QStringLiteral("xedit"));
+        const XDisplay& display = settings.session->display();
+        std::optional<xcb_window_t> other;
+        QVERIFY(DesktopSession::waitFor([&] {
+            other = display.viewableWindow(QStringLiteral("xedit"));
+            return other.has_value();
+        }));
+        display.activate(*other);
+        QVERIFY(DesktopSession::waitFor([&] { return display.activeClass() == QLatin1StringView("Xedit"); }));
+        // Past the settings, which lie above.
+        settings.moveWindow({800, 60, 460, 400});
+        QVERIFY(DesktopSession::waitFor([&] { return settings.place().left() > 780; }));
+        const QRect place = display.geometry(*other).value_or(QRect());
+        QVERIFY(place.left() + 30 < 780);
+        display.click(place.bottomLeft() + QPoint(30, -30));
+        QVERIFY(display.typeText(QStringLiteral("abc")));
+        QVERIFY(settings.ask());
+        QVERIFY(settings.waitUntilShown());
+        QCOMPARE(settings.window(), first);
+        // Put down to the task bar, it comes back too.
+        xcb_client_message_event_t message{};
+        message.response_type = XCB_CLIENT_MESSAGE;
+        message.format = 32;
+        message.window = *first;
+        const char name[] = "WM_CHANGE_STATE";
+        xcb_connection_t* server = settings.session->display().connection();
+        auto* atom = xcb_intern_atom_reply(server, xcb_intern_atom(server, 0, sizeof name - 1, name), nullptr);
+        message.type = atom->atom;
+        std::free(atom);
+        message.data.data32[0] = iconicState;
+        xcb_send_event(server, 0, settings.session->display().root(),
+                       XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                       reinterpret_cast<const char*>(&message));
+        QVERIFY(settings.waitUntilGone());
+        QVERIFY(settings.ask());
+        QVERIFY(settings.waitUntilShown());
+        QCOMPARE(settings.window(), first);
+    }
+
+    void anotherIconReachesAllWindows() {
+        SettingsOnScreen settings;
+        QVERIFY(settings.session);
+        settings.wall = std::make_unique<WallOnScreen>(*settings.session);
+        QVERIFY(settings.wall->waitForCards(2));
+        const xcb_window_t wall = *settings.session->display().viewableWindow(QStringLiteral("Zelmo"));
+        QVERIFY(settings.wall->hide());
+        QVERIFY(settings.open());
+        const QByteArray before = settings.property(*settings.window(), "_NET_WM_ICON");
+        QVERIFY(!before.isEmpty());
+        QCOMPARE(settings.property(wall, "_NET_WM_ICON"), before);
+        // Past two lists, a colour, six sliders and a switch.
+        settings.type(tabKey, 11);
+        settings.type(rightKey);
+        QVERIFY(DesktopSession::waitFor([&] { return settings.stored().contains("<string>aurora</string>"); }));
+        QVERIFY(DesktopSession::waitFor([&] {
+            const QByteArray now = settings.property(*settings.window(), "_NET_WM_ICON");
+            return !now.isEmpty() && now != before && now == settings.property(wall, "_NET_WM_ICON");
+        }));
+    }
+
+    void whatItNeedsIsLoadedWhenItOpens() {
+        SettingsOnScreen settings;
+        QVERIFY(settings.start(2));
+        const auto loaded = [&] {
+            QFile maps(QStringLiteral("/proc/%1/maps").arg(settings.wall->process.processId()));
+            return maps.open(QFile::ReadOnly) && maps.readAll().contains("QuickTemplates");
+        };
+        QVERIFY(!loaded());
+        QVERIFY(settings.open());
+        QVERIFY(loaded());
+    }
+
+    void onALowScreenAllOfTheWindowIsInSight() {
+        SettingsOnScreen settings({.screen = {1024, 500}});
+        QVERIFY(settings.session);
+        settings.wall = std::make_unique<WallOnScreen>(*settings.session);
+        QVERIFY(settings.wall->waitUntilShown());
+        QVERIFY(settings.wall->hide());
+        QVERIFY(settings.open());
+        QVERIFY(QRect(0, 0, 1024, 500).contains(settings.place()));
+        QCOMPARE(settings.place().width(), 560);
+        QVERIFY(settings.place().height() > 400);
+    }
+
+    void theyAreDarkWhereTheDesktopIs() {
+        SettingsOnScreen settings;
+        QVERIFY(settings.start(2));
+        FakeService portal(*settings.connection, QStringLiteral("org.freedesktop.portal.Desktop"));
+        const auto wish = [](uint value) {
+            return Namespaces{{QStringLiteral("org.freedesktop.appearance"),
+                               {{QStringLiteral("color-scheme"), QVariant::fromValue(value)}}}};
+        };
+        portal.answer(QStringLiteral("/org/freedesktop/portal/desktop:ReadAll"), QVariant::fromValue(wish(1)));
+        QVERIFY(settings.ask());
+        QVERIFY(settings.waitUntilShown());
+        const auto ground = [&] { return settings.picture().pixelColor(5, 5).lightness(); };
+        QVERIFY(DesktopSession::waitFor([&] { return ground() < 60 && ground() > 10; }));
+        portal.send(QStringLiteral("/org/freedesktop/portal/desktop"),
+                    QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("SettingChanged"),
+                    {QStringLiteral("org.freedesktop.appearance"), QStringLiteral("color-scheme"),
+                     QVariant::fromValue(QDBusVariant(QVariant::fromValue(2U)))});
+        QVERIFY(DesktopSession::waitFor([&] { return ground() > 200; }));
+    }
+
+    void theProgramEndsWithItsSettingsOpen() {
+        SettingsOnScreen settings;
+        QVERIFY(settings.start(2));
+        QVERIFY(settings.open());
+        settings.wall->process.terminate();
+        QVERIFY(settings.wall->process.waitForFinished());
+        QCOMPARE(settings.wall->process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(settings.wall->process.exitCode(), 0);
+    }
+
+private:
+    static void windowManagers() {
+        QTest::addColumn<QString>("windowManager");
+        for (const char* name : {"openbox", "metacity"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+};
+
+QTEST_GUILESS_MAIN(SettingsOnDesktopTest)
+#include "SettingsOnDesktopTest.moc"
