@@ -20,8 +20,10 @@ const QMap<QString, QStringList>& allowedArrows() {
             {QStringLiteral("overlay"), list("catalog preferences")},
             {QStringLiteral("ui"), list("overlay catalog appearance iconart preferences")},
             {QStringLiteral("shell"), list("catalog hotkey preferences")},
-            {QStringLiteral("platform"), list("preferences appearance catalog hotkey overlay ui shell")},
-            {QStringLiteral("app"), list("shell ui platform overlay catalog appearance hotkey iconart preferences")},
+            {QStringLiteral("menubar"), list("shell ui catalog iconart preferences")},
+            {QStringLiteral("platform"), list("preferences appearance catalog hotkey overlay ui shell menubar")},
+            {QStringLiteral("app"),
+             list("menubar shell ui platform overlay catalog appearance hotkey iconart preferences")},
         };
     }();
     return arrows;
@@ -31,12 +33,26 @@ const QMap<QString, QStringList>& allowedArrows() {
 const QSet<QString>& interfaces() {
     static const QSet<QString> headers = [] {
         QSet<QString> set;
-        for (const char* header :
-             {"appearance/FontDesign.h", "catalog/AppIcon.h", "catalog/ApplicationLauncher.h",
-              "catalog/ApplicationSource.h", "catalog/BundleReader.h", "catalog/FileUrl.h", "catalog/FolderWatcher.h",
-              "catalog/RunningApplication.h", "catalog/Trash.h", "catalog/Workspace.h", "hotkey/HotKeyService.h",
-              "overlay/KeyboardBuffer.h", "overlay/MainScreen.h", "preferences/PreferenceTable.h",
-              "preferences/PreferencesStorage.h", "shell/ProgramInstance.h", "ui/FontFaces.h", "ui/IconSource.h"})
+        for (const char* header : {"appearance/FontDesign.h",
+                                   "catalog/AppIcon.h",
+                                   "catalog/ApplicationLauncher.h",
+                                   "catalog/ApplicationSource.h",
+                                   "catalog/BundleReader.h",
+                                   "catalog/FileUrl.h",
+                                   "catalog/FolderWatcher.h",
+                                   "catalog/RunningApplication.h",
+                                   "catalog/Trash.h",
+                                   "catalog/Workspace.h",
+                                   "hotkey/HotKeyService.h",
+                                   "menubar/PanelDesktop.h",
+                                   "menubar/StatusItem.h",
+                                   "overlay/KeyboardBuffer.h",
+                                   "overlay/MainScreen.h",
+                                   "preferences/PreferenceTable.h",
+                                   "preferences/PreferencesStorage.h",
+                                   "shell/ProgramInstance.h",
+                                   "ui/FontFaces.h",
+                                   "ui/IconSource.h"})
             set.insert(QString::fromLatin1(header));
         return set;
     }();
