@@ -1,6 +1,7 @@
 #include "app/FlushAtExit.h"
 #include "app/FontWarmUp.h"
 #include "app/LinuxBackends.h"
+#include "app/MenuBar.h"
 #include "app/ProgramInstances.h"
 #include "app/QtSharedApplication.h"
 #include "app/RendererChoice.h"
@@ -73,8 +74,15 @@ int main(int argc, char* argv[]) {
         backends.startupNotifier.complete(activationToken);
         zelmo.appDelegate().handle(request);
     });
+    std::optional<MenuBar> menuBar;
     // Of no use before the wall is up, and the buses may be slow.
     QMetaObject::invokeMethod(
-        &application, [&backends] { backends.presence.start(); }, Qt::QueuedConnection);
+        &application,
+        [&] {
+            backends.presence.start();
+            menuBar.emplace(MenuBarServices{
+                .store = zelmo.launcherStore(), .preferences = preferences, .application = sharedApplication});
+        },
+        Qt::QueuedConnection);
     return QGuiApplication::exec();
 }

@@ -47,7 +47,7 @@ void MenuBarExtra::handleClick(const StatusItemClick& click) {
 // A host tells of a click when the button has gone down or up; the press itself has then closed the panel already.
 bool MenuBarExtra::closedByThisClick() {
     const auto press = std::exchange(m_closingPress, std::nullopt);
-    return press && *press == QCursor::pos() &&
+    return press && (*press - QCursor::pos()).manhattanLength() <= clickReach &&
            !m_sinceClosing.hasExpired(std::chrono::milliseconds(longestClick).count());
 }
 

@@ -35,6 +35,7 @@ public:
 private:
     // A click that takes longer than this from the press on counts as another one.
     static constexpr std::chrono::seconds longestClick{1};
+    static constexpr int clickReach = 12; // points that the pointer may move meanwhile
 
     void handleClick(const StatusItemClick& click);
     bool closedByThisClick();

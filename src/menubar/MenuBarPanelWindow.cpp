@@ -26,7 +26,7 @@ namespace zelmo {
 MenuBarPanelWindow::MenuBarPanelWindow(LauncherStore& store, MenuBarActions& actions, PanelServices services)
     : m_actions(actions), m_services(std::move(services)) {
     setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-    setTitle(QStringLiteral("Zelmo Panel"));
+    setTitle(QStringLiteral("Menu Panel"));
     QSurfaceFormat surface = format();
     surface.setAlphaBufferSize(8);
     setFormat(surface);
@@ -46,6 +46,8 @@ MenuBarPanelWindow::~MenuBarPanelWindow() {
 void MenuBarPanelWindow::openAt(const StatusItemClick& click) {
     if (!rootObject())
         return;
+    // Only then does it take a shape.
+    create();
     rootObject()->setProperty("showsFocus", false);
     if (auto* first = rootObject()->findChild<QQuickItem*>(QStringLiteral("overlayButton")))
         first->forceActiveFocus(Qt::PopupFocusReason);

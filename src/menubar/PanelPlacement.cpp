@@ -32,9 +32,11 @@ Side bestSide(const PanelSurroundings& around, QSize panel, int gap) {
     return around.anchor.left() - area.left() >= panel.width() + gap ? Side::left : Side::right;
 }
 
-// The start nearest to the wanted one at which the length lies inside; the first where it does not fit.
-int inside(int wanted, int length, int start, int whole) {
-    return std::max(start, std::min(wanted, start + whole - length));
+// The start nearest to the wanted one at which the length lies inside, with the gap where there is room for it; the
+// first where it does not fit.
+int inside(int wanted, int length, int start, int whole, int gap) {
+    const int margin = std::clamp((whole - length) / 2, 0, gap);
+    return std::max(start + margin, std::min(wanted, start + whole - margin - length));
 }
 
 } // namespace
@@ -62,8 +64,8 @@ QPoint panelPosition(const PanelSurroundings& around, QSize panel, int gap) {
         wanted.setX(right - gap - panel.width());
         break;
     }
-    return {inside(wanted.x(), panel.width(), area.left(), area.width()),
-            inside(wanted.y(), panel.height(), area.top(), area.height())};
+    return {inside(wanted.x(), panel.width(), area.left(), area.width(), gap),
+            inside(wanted.y(), panel.height(), area.top(), area.height(), gap)};
 }
 
 } // namespace zelmo
