@@ -83,7 +83,7 @@ void StatusNotifierItem::setVisibility(StatusItemVisibility visibility) {
     m_visibility = visibility;
     if (visibility == StatusItemVisibility::visible) {
         if (m_bus)
-            askForHost();
+            setWatcher(m_watcher);
         else
             connectInBackground();
         return;
@@ -93,7 +93,7 @@ void StatusNotifierItem::setVisibility(StatusItemVisibility visibility) {
         m_bus->asyncCall(busMethod(QStringLiteral("ReleaseName"), {itemName()}));
     m_hasName = false;
     m_registeredWith.clear();
-    setHosting(NotifierHosting::absent);
+    setHosting(NotifierHosting::unknown);
 }
 
 // A bus that stands still keeps whoever connects to it waiting.
@@ -153,6 +153,8 @@ void StatusNotifierItem::forgetBus() {
 void StatusNotifierItem::setWatcher(const QString& owner) {
     m_watcher = owner;
     m_registeredWith.clear();
+    if (m_visibility == StatusItemVisibility::hidden)
+        return;
     if (m_watcher.isEmpty())
         setHosting(NotifierHosting::absent);
     else
