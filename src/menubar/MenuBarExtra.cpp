@@ -36,7 +36,7 @@ void MenuBarExtra::handleClick(const StatusItemClick& click) {
         return;
     if (!m_panel) {
         m_panel = std::make_unique<MenuBarPanelWindow>(m_services.store, m_actions, m_services.panel);
-        connect(m_panel.get(), &MenuBarPanelWindow::closedFromOutside, this, [this] {
+        connect(m_panel.get(), &MenuBarPanelWindow::closedByPress, this, [this] {
             m_closingPress = QCursor::pos();
             m_sinceClosing.start();
         });

@@ -45,7 +45,7 @@ private:
     MenuBarExtraServices m_services;
     MenuBarActions m_actions;
     std::unique_ptr<MenuBarPanelWindow> m_panel;
-    std::optional<QPoint> m_closingPress; // where the pointer was when the panel was closed from outside
+    std::optional<QPoint> m_closingPress; // where the pointer was when a press closed the panel
     QElapsedTimer m_sinceClosing;
 };
 

@@ -40,7 +40,7 @@ MenuBarPanelWindow::MenuBarPanelWindow(LauncherStore& store, MenuBarActions& act
 }
 
 MenuBarPanelWindow::~MenuBarPanelWindow() {
-    m_services.desktop.watchPresses({});
+    m_services.desktop.endWatch();
 }
 
 void MenuBarPanelWindow::openAt(const StatusItemClick& click) {
@@ -56,14 +56,16 @@ void MenuBarPanelWindow::openAt(const StatusItemClick& click) {
     raise();
     requestActivate();
     m_services.desktop.bringToFront(*this, click.activationToken);
-    m_services.desktop.watchPresses([this] {
-        if (!panelGeometry().contains(QCursor::pos()))
-            closeFromOutside();
-    });
+    m_services.desktop.watch(*this, {.pressed =
+                                         [this] {
+                                             if (!panelGeometry().contains(QCursor::pos()))
+                                                 closeByPress();
+                                         },
+                                     .focusLost = [this] { dismiss(); }});
 }
 
 void MenuBarPanelWindow::dismiss() {
-    m_services.desktop.watchPresses({});
+    m_services.desktop.endWatch();
     hide();
 }
 
@@ -92,11 +94,11 @@ void MenuBarPanelWindow::place(const StatusItemClick& click) {
         plate->setSurroundings(edge, behind);
 }
 
-void MenuBarPanelWindow::closeFromOutside() {
+void MenuBarPanelWindow::closeByPress() {
     if (!isVisible())
         return;
     dismiss();
-    Q_EMIT closedFromOutside();
+    Q_EMIT closedByPress();
 }
 
 void MenuBarPanelWindow::moveFocus(FocusDirection direction) {
@@ -138,17 +140,15 @@ void MenuBarPanelWindow::keyPressEvent(QKeyEvent* event) {
 void MenuBarPanelWindow::mousePressEvent(QMouseEvent* event) {
     // Where there is only the shadow.
     if (!panelGeometry().contains(event->globalPosition().toPoint())) {
-        closeFromOutside();
+        closeByPress();
         return;
     }
     QQuickView::mousePressEvent(event);
 }
 
 bool MenuBarPanelWindow::event(QEvent* event) {
-    if (event->type() == QEvent::FocusOut)
-        closeFromOutside();
-    else if (event->type() == QEvent::Close)
-        m_services.desktop.watchPresses({});
+    if (event->type() == QEvent::Close)
+        m_services.desktop.endWatch();
     return QQuickView::event(event);
 }
 

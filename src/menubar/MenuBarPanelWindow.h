@@ -36,8 +36,8 @@ public:
     QRect panelGeometry() const;
 
 Q_SIGNALS:
-    // By a press or a loss of the focus, not by `dismiss()` and Escape.
-    void closedFromOutside();
+    // By a press outside.
+    void closedByPress();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -48,7 +48,7 @@ private:
     enum class FocusDirection { forward, backward };
 
     void place(const StatusItemClick& click);
-    void closeFromOutside();
+    void closeByPress();
     void moveFocus(FocusDirection direction);
     void showFocus();
 

@@ -48,12 +48,13 @@ public:
         front = &window;
         token = activationToken;
     }
-    void watchPresses(std::function<void()> handler) override { pressed = std::move(handler); }
+    void watch(QWindow&, PanelWatch value) override { told = std::move(value); }
+    void endWatch() override { told = {}; }
 
     bool composited = true;
     QWindow* front = nullptr;
     QByteArray token;
-    std::function<void()> pressed;
+    PanelWatch told;
 };
 
 class FakeSharedApplication : public SharedApplication {

@@ -65,25 +65,52 @@ void X11PanelDesktop::bringToFront(QWindow& window, const QByteArray& activation
     xcb_flush(x11->connection);
 }
 
-void X11PanelDesktop::watchPresses(std::function<void()> pressed) {
-    if (!m_connection || (!pressed && !m_pressed))
+void X11PanelDesktop::watch(QWindow& window, PanelWatch watch) {
+    endWatch();
+    m_watch = std::move(watch);
+    if (!m_connection) {
+        m_activeChange = connect(&window, &QWindow::activeChanged, this, [this, &window] {
+            if (!window.isActive() && m_watch.focusLost)
+                std::function(m_watch.focusLost)();
+        });
         return;
-    if (!m_inputExtension) {
-        const auto* extension = xcb_get_extension_data(m_connection->get(), &xcb_input_id);
-        if (!extension || !extension->present)
-            return;
-        // Since this version, presses are told of also while another program has the pointer to itself.
-        const XcbReply<xcb_input_xi_query_version_reply_t> version(xcb_input_xi_query_version_reply(
-            m_connection->get(), xcb_input_xi_query_version(m_connection->get(), 2, 2), nullptr));
-        if (!version)
-            return;
-        m_inputExtension = extension->major_opcode;
     }
-    m_pressed = std::move(pressed);
-    selectRawPresses(m_pressed ? std::uint32_t{XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS} : 0);
+    m_window = static_cast<xcb_window_t>(window.winId());
+    m_focus = Focus::expected;
+    selectFocus(XCB_EVENT_MASK_FOCUS_CHANGE);
+    if (!m_inputExtension)
+        m_inputExtension = inputExtension();
+    selectRawPresses(XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS);
+}
+
+void X11PanelDesktop::endWatch() {
+    m_watch = {};
+    disconnect(m_activeChange);
+    if (m_window == XCB_WINDOW_NONE)
+        return;
+    selectFocus(XCB_EVENT_MASK_NO_EVENT);
+    selectRawPresses(0);
+    m_window = XCB_WINDOW_NONE;
+}
+
+std::optional<std::uint8_t> X11PanelDesktop::inputExtension() const {
+    const auto* extension = xcb_get_extension_data(m_connection->get(), &xcb_input_id);
+    if (!extension || !extension->present)
+        return std::nullopt;
+    // Since this version, presses are told of also while another program has the pointer to itself.
+    const XcbReply<xcb_input_xi_query_version_reply_t> version(xcb_input_xi_query_version_reply(
+        m_connection->get(), xcb_input_xi_query_version(m_connection->get(), 2, 2), nullptr));
+    return version ? std::optional(extension->major_opcode) : std::nullopt;
+}
+
+void X11PanelDesktop::selectFocus(std::uint32_t events) {
+    xcb_change_window_attributes(m_connection->get(), m_window, XCB_CW_EVENT_MASK, &events);
+    m_connection->flush();
 }
 
 void X11PanelDesktop::selectRawPresses(std::uint32_t events) {
+    if (!m_inputExtension)
+        return;
     const struct {
         xcb_input_event_mask_t head;
         std::uint32_t mask;
@@ -92,18 +119,37 @@ void X11PanelDesktop::selectRawPresses(std::uint32_t events) {
     m_connection->flush();
 }
 
+void X11PanelDesktop::handleFocus(const xcb_focus_in_event_t& event) {
+    // The window keeps the focus while another program holds the keyboard for a moment, and while a part of it has it.
+    const bool isReal = event.mode != XCB_NOTIFY_MODE_GRAB && event.mode != XCB_NOTIFY_MODE_UNGRAB &&
+                        event.detail != XCB_NOTIFY_DETAIL_INFERIOR && event.detail < XCB_NOTIFY_DETAIL_POINTER;
+    if (event.event != m_window || !isReal)
+        return;
+    const bool isHere = (event.response_type & ~sentByClient) == XCB_FOCUS_IN;
+    const bool wasHere = m_focus == Focus::here;
+    m_focus = isHere ? Focus::here : Focus::expected;
+    if (wasHere && !isHere && m_watch.focusLost)
+        std::function(m_watch.focusLost)();
+}
+
 void X11PanelDesktop::handle(const xcb_generic_event_t& event) {
-    if (!m_pressed || (event.response_type & ~sentByClient) != XCB_GE_GENERIC)
+    if (m_window == XCB_WINDOW_NONE)
+        return;
+    const int type = event.response_type & ~sentByClient;
+    if (type == XCB_FOCUS_IN || type == XCB_FOCUS_OUT) {
+        handleFocus(reinterpret_cast<const xcb_focus_in_event_t&>(event));
+        return;
+    }
+    if (type != XCB_GE_GENERIC || !m_inputExtension)
         return;
     const auto& generic = reinterpret_cast<const xcb_ge_generic_event_t&>(event);
-    if (generic.extension != m_inputExtension || generic.event_type != XCB_INPUT_RAW_BUTTON_PRESS)
+    if (generic.extension != *m_inputExtension || generic.event_type != XCB_INPUT_RAW_BUTTON_PRESS)
         return;
     const std::uint32_t button = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event).detail;
-    if (button >= firstWheelButton && button <= lastWheelButton)
-        return;
-    // It may end the watch, and itself with it.
-    const auto pressed = m_pressed;
-    pressed();
+    const bool isWheel = button >= firstWheelButton && button <= lastWheelButton;
+    // A copy, for it may end the watch.
+    if (!isWheel && m_watch.pressed)
+        std::function(m_watch.pressed)();
 }
 
 } // namespace zelmo

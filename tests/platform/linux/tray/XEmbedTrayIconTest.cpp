@@ -1,7 +1,6 @@
 #include "platform/linux/tray/XEmbedTrayIcon.h"
 
 #include "FakeTray.h"
-#include "platform/linux/tray/X11PanelDesktop.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "support/DesktopSession.h"
 
@@ -301,47 +300,6 @@ private Q_SLOTS:
         on.icon->setTitle(QStringLiteral("Other"));
         on.icon->setVisibility(StatusItemVisibility::hidden);
         on.icon->setVisibility(StatusItemVisibility::visible);
-    }
-
-    void pressesAnywhereAreHeardOf() {
-        IconOnServer on;
-        X11PanelDesktop desktop(on.connection.get());
-        int presses = 0;
-        desktop.watchPresses([&] { ++presses; });
-        on.connection->serverTime();
-        on.session->display().click({300, 200});
-        QVERIFY(DesktopSession::waitFor([&] { return presses == 1; }));
-        desktop.watchPresses({});
-        on.connection->serverTime();
-        on.session->display().click({300, 200});
-        on.settle();
-        QCOMPARE(presses, 1);
-    }
-
-    // As a menu of another program has it.
-    void pressesAreHeardOfWhileAnotherHasThePointer() {
-        IconOnServer on;
-        X11PanelDesktop desktop(on.connection.get());
-        int presses = 0;
-        desktop.watchPresses([&] { ++presses; });
-        on.connection->serverTime();
-        const XDisplay& display = on.session->display();
-        std::free(xcb_grab_pointer_reply(display.connection(),
-                                         xcb_grab_pointer(display.connection(), 0, display.root(),
-                                                          XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_ASYNC,
-                                                          XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME),
-                                         nullptr));
-        display.click({300, 200});
-        QVERIFY(DesktopSession::waitFor([&] { return presses == 1; }));
-    }
-
-    void aCompositorIsNoticed() {
-        IconOnServer on;
-        const X11PanelDesktop desktop(on.connection.get());
-        QVERIFY(!desktop.isComposited());
-        on.session->startProgram(QStringLiteral("xcompmgr"));
-        QVERIFY(DesktopSession::waitFor([&] { return desktop.isComposited(); }));
-        QVERIFY(!X11PanelDesktop(nullptr).isComposited());
     }
 };
 
