@@ -52,16 +52,16 @@ void MenuBarPanelWindow::openAt(const StatusItemClick& click) {
     if (auto* first = rootObject()->findChild<QQuickItem*>(QStringLiteral("overlayButton")))
         first->forceActiveFocus(Qt::PopupFocusReason);
     place(click);
-    show();
-    raise();
-    requestActivate();
-    m_services.desktop.bringToFront(*this, click.activationToken);
     m_services.desktop.watch(*this, {.pressed =
                                          [this] {
                                              if (!panelGeometry().contains(QCursor::pos()))
                                                  closeByPress();
                                          },
                                      .focusLost = [this] { dismiss(); }});
+    show();
+    raise();
+    requestActivate();
+    m_services.desktop.bringToFront(*this, click.activationToken);
 }
 
 void MenuBarPanelWindow::dismiss() {

@@ -24,7 +24,7 @@ public:
     // Gives the keyboard to a window that has just been shown because the user asked for it; the token is that of the
     // request, and empty where there is none.
     virtual void bringToFront(QWindow& window, const QByteArray& activationToken) = 0;
-    // From now on, tells what the user does with regard to a window that has been brought to the front.
+    // From now on, tells what the user does with regard to a window that is about to be shown and has been created.
     virtual void watch(QWindow& window, PanelWatch watch) = 0;
     virtual void endWatch() = 0;
 };

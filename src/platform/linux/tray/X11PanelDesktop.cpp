@@ -104,8 +104,9 @@ std::optional<std::uint8_t> X11PanelDesktop::inputExtension() const {
 }
 
 void X11PanelDesktop::selectFocus(std::uint32_t events) {
-    xcb_change_window_attributes(m_connection->get(), m_window, XCB_CW_EVENT_MASK, &events);
-    m_connection->flush();
+    // Done when this returns: the window may have the keyboard a moment later, by way of another connection.
+    std::free(xcb_request_check(m_connection->get(), xcb_change_window_attributes_checked(m_connection->get(), m_window,
+                                                                                          XCB_CW_EVENT_MASK, &events)));
 }
 
 void X11PanelDesktop::selectRawPresses(std::uint32_t events) {

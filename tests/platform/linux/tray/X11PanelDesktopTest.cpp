@@ -21,10 +21,11 @@ public:
     }
 
     void show() {
+        window.create();
+        desktop.watch(window, {.pressed = [this] { ++presses; }, .focusLost = [this] { ++losses; }});
         window.show();
         window.requestActivate();
         desktop.bringToFront(window, {});
-        desktop.watch(window, {.pressed = [this] { ++presses; }, .focusLost = [this] { ++losses; }});
     }
     // Everything that the server has sent until now has been heard of.
     void settle() const {
