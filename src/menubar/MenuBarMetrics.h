@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QColor>
-#include <QList>
 #include <QObject>
+#include <QVariant>
 #include <QtQml/qqmlregistration.h>
 
 namespace zelmo {
@@ -32,7 +32,7 @@ class MenuBarMetrics : public QObject {
     Q_PROPERTY(qreal pressedScale READ pressedScale CONSTANT)
     Q_PROPERTY(qreal pressedOpacity READ pressedOpacity CONSTANT)
     Q_PROPERTY(int pressDuration READ pressDuration CONSTANT)
-    Q_PROPERTY(QList<qreal> pressCurve READ pressCurve CONSTANT)
+    Q_PROPERTY(QVariantList pressCurve READ pressCurve CONSTANT)
     Q_PROPERTY(qreal toggleMaximumWidth READ toggleMaximumWidth CONSTANT)
     Q_PROPERTY(QColor toggleTitleColor READ toggleTitleColor CONSTANT)
     Q_PROPERTY(QColor toggleColor READ toggleColor CONSTANT)
@@ -85,7 +85,7 @@ public:
     static constexpr qreal pressedOpacity() { return 0.88; }
     static constexpr int pressDuration() { return 140; } // ms
     // Ease-out, as the control points and the end of a curve from the origin.
-    static QList<qreal> pressCurve() { return {0, 0, 0.58, 1, 1, 1}; }
+    static QVariantList pressCurve() { return {0.0, 0.0, 0.58, 1.0, 1.0, 1.0}; }
 
     static constexpr qreal toggleMaximumWidth() { return 188; }
     static QColor toggleTitleColor() { return white(0.7F); }
