@@ -71,7 +71,7 @@ class MenuBarFixture {
 public:
     MenuBarPanelWindow& open(const StatusItemClick& click = {.place = QRect(400, 0, 22, 22)}) {
         statusItem.click(click);
-        if (!extra.panel() || !QTest::qWaitForWindowActive(extra.panel()))
+        if (!extra.panel() || !extra.panel()->isVisible() || !QTest::qWaitForWindowActive(extra.panel()))
             qFatal("no panel opens");
         return *extra.panel();
     }

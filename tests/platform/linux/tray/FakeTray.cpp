@@ -79,7 +79,12 @@ void FakeTray::handleEvents() {
         const Owned<xcb_generic_event_t> event(xcb_poll_for_event(m_connection));
         if (!event)
             return;
-        if ((event->response_type & 0x7f) != XCB_CLIENT_MESSAGE)
+        const int type = event->response_type & 0x7f;
+        if (type == XCB_PROPERTY_NOTIFY) {
+            const auto* change = reinterpret_cast<const xcb_property_notify_event_t*>(event.get());
+            m_sizeRequests += change->window == m_icon && change->atom == XCB_ATOM_WM_NORMAL_HINTS ? 1 : 0;
+        }
+        if (type != XCB_CLIENT_MESSAGE)
             continue;
         const auto* message = reinterpret_cast<const xcb_client_message_event_t*>(event.get());
         if (message->type != atom("_NET_SYSTEM_TRAY_OPCODE") || message->data.data32[1] != 0)
@@ -94,6 +99,8 @@ void FakeTray::handleEvents() {
 
 void FakeTray::embed(xcb_window_t window) {
     m_icon = window;
+    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(m_connection, window, XCB_CW_EVENT_MASK, &events);
     xcb_change_save_set(m_connection, XCB_SET_MODE_INSERT, window);
     xcb_reparent_window(m_connection, window, m_socket, 0, 0);
     resizeIcon(m_options.icon);

@@ -34,6 +34,8 @@ public:
     // The window that asked to be embedded last, and how many have asked.
     std::optional<xcb_window_t> icon() const { return m_icon; }
     int requests() const { return m_requests; }
+    // How often it has told of the size that it wants, since it was embedded.
+    int sizeRequests() const { return m_sizeRequests; }
     // Of the socket, in the root's pixels.
     static QRect place() { return {40, 40, 64, 64}; }
 
@@ -63,6 +65,7 @@ private:
     xcb_window_t m_socket = XCB_WINDOW_NONE;
     std::optional<xcb_window_t> m_icon;
     int m_requests = 0;
+    int m_sizeRequests = 0;
 };
 
 } // namespace zelmo::test

@@ -1,7 +1,6 @@
 #include "platform/linux/tray/X11PanelDesktop.h"
 
-#include "platform/linux/x11/X11Connection.h"
-#include "support/DesktopSession.h"
+#include "Settle.h"
 
 #include <QGuiApplication>
 #include <QTest>
@@ -27,12 +26,6 @@ public:
         window.requestActivate();
         desktop.bringToFront(window, {});
     }
-    // Everything that the server has sent until now has been heard of.
-    void settle() const {
-        connection->serverTime();
-        QCoreApplication::processEvents();
-    }
-
     std::unique_ptr<X11Connection> connection;
     X11PanelDesktop desktop;
     QWindow window;
@@ -53,7 +46,7 @@ private Q_SLOTS:
         Watched watched;
         watched.show();
         QVERIFY(waitForFocus(watched.window));
-        watched.settle();
+        settle(*watched.connection);
         QCOMPARE(watched.losses, 0);
         QWindow other;
         other.show();
@@ -66,12 +59,12 @@ private Q_SLOTS:
         for (int round = 0; round < 30; ++round) {
             watched.show();
             QVERIFY(waitForFocus(watched.window));
-            watched.settle();
+            settle(*watched.connection);
             QCOMPARE(watched.losses, 0);
             watched.desktop.endWatch();
             watched.window.hide();
         }
-        watched.settle();
+        settle(*watched.connection);
         QCOMPARE(watched.losses, 0);
     }
 
@@ -79,10 +72,10 @@ private Q_SLOTS:
         Watched watched;
         watched.show();
         QVERIFY(waitForFocus(watched.window));
-        watched.settle();
+        settle(*watched.connection);
         // Takes the keyboard and lets it go.
         QVERIFY(!m_session.display().keyboardIsGrabbed());
-        watched.settle();
+        settle(*watched.connection);
         QCOMPARE(watched.losses, 0);
     }
 
@@ -93,9 +86,9 @@ private Q_SLOTS:
         m_session.display().click({700, 500});
         QVERIFY(DesktopSession::waitFor([&] { return watched.presses == 1; }));
         watched.desktop.endWatch();
-        watched.settle();
+        settle(*watched.connection);
         m_session.display().click({700, 500});
-        watched.settle();
+        settle(*watched.connection);
         QCOMPARE(watched.presses, 1);
     }
 
@@ -103,7 +96,7 @@ private Q_SLOTS:
     void pressesAreHeardOfWhileAnotherHasThePointer() {
         Watched watched;
         watched.show();
-        watched.settle();
+        settle(*watched.connection);
         const XDisplay& display = m_session.display();
         std::free(xcb_grab_pointer_reply(display.connection(),
                                          xcb_grab_pointer(display.connection(), 0, display.root(),

@@ -1,8 +1,7 @@
 #include "platform/linux/tray/XEmbedTrayIcon.h"
 
 #include "FakeTray.h"
-#include "platform/linux/x11/X11Connection.h"
-#include "support/DesktopSession.h"
+#include "Settle.h"
 
 #include <QPainter>
 #include <QTest>
@@ -41,12 +40,6 @@ public:
     bool waitUntilGone() const {
         return DesktopSession::waitFor([this] { return !icon->isEmbedded(); });
     }
-    // Everything that the server has sent until now has been heard of.
-    void settle() const {
-        connection->serverTime();
-        QCoreApplication::processEvents();
-    }
-
     std::unique_ptr<DesktopSession> session;
     std::unique_ptr<X11Connection> connection;
     std::optional<XEmbedTrayIcon> icon;
@@ -123,6 +116,24 @@ private Q_SLOTS:
         }));
     }
 
+    void theSameThicknessIsAskedForOnce() {
+        IconOnServer on;
+        FakeTray tray(on.session->displayName(), {.icon = {1, 30}});
+        on.icon->setVisibility(StatusItemVisibility::visible);
+        QVERIFY(DesktopSession::waitFor([&] {
+            tray.handleEvents();
+            return tray.icon() && tray.askedSize() == QSize(30, 30);
+        }));
+        settle(*on.connection);
+        tray.handleEvents();
+        const int changes = tray.sizeRequests();
+        for (int width = 2; width < 30; ++width)
+            tray.resizeIcon({width, 30});
+        settle(*on.connection);
+        tray.handleEvents();
+        QCOMPARE(tray.sizeRequests(), changes);
+    }
+
     void anAbsurdSizeIsSurvived() {
         IconOnServer on;
         FakeTray tray(on.session->displayName());
@@ -131,7 +142,7 @@ private Q_SLOTS:
         for (const QSize size :
              {QSize(32767, 32767), QSize(65535, 65535), QSize(100000, 100000), QSize(0, 0), QSize(1, 1)}) {
             tray.resizeIcon(size);
-            on.settle();
+            settle(*on.connection);
         }
         tray.resizeIcon({24, 24});
         QVERIFY(on.waitUntilSeen(tray));
@@ -162,7 +173,7 @@ private Q_SLOTS:
         QVERIFY(on.clicks[0].activationToken.mid(on.clicks[0].activationToken.indexOf("_TIME") + 5).toUInt() > 0);
         // Beside it, there is only the tray.
         on.session->display().click(FakeTray::place().topLeft() + QPoint(40, 40));
-        on.settle();
+        settle(*on.connection);
         QCOMPARE(on.clicks.size(), 1);
     }
 
@@ -197,7 +208,7 @@ private Q_SLOTS:
         QVERIFY(on.waitUntilSeen(tray));
         tray.release();
         QVERIFY(on.waitUntilGone());
-        on.settle();
+        settle(*on.connection);
         QVERIFY(!on.session->display().geometry(*tray.icon()));
     }
 
@@ -234,7 +245,7 @@ private Q_SLOTS:
         on.icon->setVisibility(StatusItemVisibility::visible);
         for (int round = 0; round < 10; ++round)
             const FakeTray tray(on.session->displayName());
-        on.settle();
+        settle(*on.connection);
         QVERIFY(!on.icon->isEmbedded());
         FakeTray sound(on.session->displayName());
         QVERIFY(on.waitUntilSeen(sound));
@@ -248,10 +259,10 @@ private Q_SLOTS:
             tray.handleEvents();
             return tray.requests() == 1;
         }));
-        on.settle();
+        settle(*on.connection);
         QVERIFY(!on.icon->isEmbedded());
         tray.giveUp();
-        on.settle();
+        settle(*on.connection);
         FakeTray next(on.session->displayName());
         QVERIFY(on.waitUntilSeen(next));
     }
@@ -262,7 +273,7 @@ private Q_SLOTS:
         FakeTray tray(on.session->displayName());
         QVERIFY(on.waitUntilSeen(tray));
         tray.sendNonsense();
-        on.settle();
+        settle(*on.connection);
         QVERIFY(on.waitUntilSeen(tray));
         QCOMPARE(tray.requests(), 1);
     }
@@ -273,7 +284,7 @@ private Q_SLOTS:
         FakeTray tray(on.session->displayName());
         QVERIFY(on.waitUntilSeen(tray));
         on.icon->setVisibility(StatusItemVisibility::hidden);
-        on.settle();
+        settle(*on.connection);
         QVERIFY(!on.session->display().geometry(*tray.icon()));
         on.icon->setVisibility(StatusItemVisibility::visible);
         QVERIFY(on.waitUntilSeen(tray));
