@@ -61,12 +61,16 @@ void StatusNotifierAdaptor::click(int x, int y) {
     const QByteArray token = std::exchange(m_token, {});
     if (!m_clicked)
         return;
+    // A screen ends there; beyond, nothing is a place.
+    constexpr int farthest = 32767;
+    const bool isPlace = x >= -farthest && x <= farthest && y >= -farthest && y <= farthest;
+    const auto place = isPlace ? std::optional(QRect(x, y, 0, 0)) : std::nullopt;
     // After the host has its answer.
     QMetaObject::invokeMethod(
         this,
-        [this, x, y, token] {
+        [this, place, token] {
             if (m_clicked)
-                m_clicked({.place = QRect(x, y, 0, 0), .activationToken = token});
+                m_clicked({.place = place, .activationToken = token});
         },
         Qt::QueuedConnection);
 }

@@ -241,6 +241,7 @@ private Q_SLOTS:
         QVERIFY(on.clicks[1].activationToken.isEmpty());
         on.callItem("ContextMenu", {INT_MIN, INT_MAX});
         QTRY_COMPARE(on.clicks.size(), 3);
+        QVERIFY(!on.clicks[2].place);
         QCOMPARE(on.callItem("Scroll", {120, QStringLiteral("vertical")}).type(), QDBusMessage::ReplyMessage);
         QCOMPARE(on.clicks.size(), 3);
     }
