@@ -75,7 +75,7 @@ bool hideWall(const test::DesktopSession& session) {
     session.display().typeKey(test::escapeKey);
     return test::DesktopSession::waitFor([&] {
         return !session.display().viewableWindow(QStringLiteral("Zelmo")) &&
-               !session.display().viewableWindow(QStringLiteral("Collapse \u2014 Zelmo"));
+               !session.display().viewableWindow(QStringLiteral("Collapse"));
     });
 }
 

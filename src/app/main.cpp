@@ -1,6 +1,7 @@
 #include "app/FlushAtExit.h"
 #include "app/FontWarmUp.h"
 #include "app/LinuxBackends.h"
+#include "app/MenuBar.h"
 #include "app/ProgramInstances.h"
 #include "app/QtSharedApplication.h"
 #include "app/RendererChoice.h"
@@ -90,9 +91,22 @@ int main(int argc, char* argv[]) {
         backends.startupNotifier.complete(activationToken);
         zelmo.appDelegate().handle(request);
     });
+    const auto captureDesktop = [&backends](const QRect& pixels, const QScreen& screen) {
+        // A screen's origin is in pixels at every scale.
+        return backends.desktopCapture.capture(screen).copy(pixels.translated(-screen.geometry().topLeft()));
+    };
+    std::optional<MenuBar> menuBar;
     // Of no use before the wall is up, and the buses may be slow.
     QMetaObject::invokeMethod(
-        &application, [&backends] { backends.presence.start(); }, Qt::QueuedConnection);
+        &application,
+        [&] {
+            backends.presence.start();
+            menuBar.emplace(MenuBarServices{.store = zelmo.launcherStore(),
+                                            .preferences = preferences,
+                                            .application = sharedApplication,
+                                            .captureDesktop = captureDesktop});
+        },
+        Qt::QueuedConnection);
     const int exitCode = QGuiApplication::exec();
     // Before the store, which it shows.
     settings.reset();

@@ -27,7 +27,7 @@ Item {
             width: SettingsMetrics.previewWidth
             height: SettingsMetrics.previewHeight
 
-            MaterialItem {
+            SwatchMaterialItem {
                 anchors.fill: parent
                 radius: SettingsMetrics.previewRadius
                 behind: preview.colors.group

@@ -54,7 +54,7 @@ FocusScope {
                 colors: editor.colors
                 shown: editor.setting.color
             }
-            FocusRing {
+            SettingsFocusRing {
                 colors: editor.colors
                 radius: field.radius + SettingsMetrics.focusRingGap + SettingsMetrics.focusRingWidth
                 visible: field.activeFocus
@@ -91,7 +91,7 @@ FocusScope {
                 height: SettingsMetrics.hueStripHeight
                 radius: height / 2
 
-                FocusRing {
+                SettingsFocusRing {
                     colors: editor.colors
                     radius: height / 2
                     visible: hue.visualFocus
@@ -130,7 +130,7 @@ FocusScope {
                 color: editor.colors.control
                 border.color: editor.colors.controlOutline
 
-                FocusRing {
+                SettingsFocusRing {
                     colors: editor.colors
                     radius: parent.radius + SettingsMetrics.focusRingGap + SettingsMetrics.focusRingWidth
                     visible: number.activeFocus

@@ -25,7 +25,7 @@ T.Button {
         color: well.down ? well.colors.pressedControl : well.colors.control
         border.color: well.colors.controlOutline
 
-        FocusRing {
+        SettingsFocusRing {
             colors: well.colors
             radius: parent.radius + SettingsMetrics.focusRingGap + SettingsMetrics.focusRingWidth
             visible: well.visualFocus

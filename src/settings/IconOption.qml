@@ -23,7 +23,7 @@ T.RadioButton {
         border.color: option.colors.accent
         border.width: option.checked ? SettingsMetrics.iconMarkWidth : 0
 
-        FocusRing {
+        SettingsFocusRing {
             colors: option.colors
             radius: parent.radius + SettingsMetrics.focusRingGap + SettingsMetrics.focusRingWidth
             visible: option.visualFocus

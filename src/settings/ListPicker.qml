@@ -30,7 +30,7 @@ T.ComboBox {
         color: picker.down ? picker.colors.pressedControl : picker.colors.control
         border.color: picker.colors.controlOutline
 
-        FocusRing {
+        SettingsFocusRing {
             colors: picker.colors
             radius: parent.radius + SettingsMetrics.focusRingGap + SettingsMetrics.focusRingWidth
             visible: picker.visualFocus

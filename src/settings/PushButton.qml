@@ -22,7 +22,7 @@ T.Button {
         color: button.down ? button.colors.pressedControl : button.colors.control
         border.color: button.colors.controlOutline
 
-        FocusRing {
+        SettingsFocusRing {
             colors: button.colors
             radius: parent.radius + SettingsMetrics.focusRingGap + SettingsMetrics.focusRingWidth
             visible: button.visualFocus

@@ -32,7 +32,7 @@ T.Button {
         radius: SettingsMetrics.groupRadius
         color: button.down ? button.colors.control : "transparent"
 
-        FocusRing {
+        SettingsFocusRing {
             colors: button.colors
             anchors.margins: SettingsMetrics.focusRingGap
             radius: parent.radius - SettingsMetrics.focusRingGap

@@ -56,7 +56,7 @@ FocusScope {
                     radius: SettingsMetrics.controlRadius
                     color: segment.checked ? picker.colors.accent : segment.down ? picker.colors.pressedControl : "transparent"
 
-                    FocusRing {
+                    SettingsFocusRing {
                         colors: picker.colors
                         radius: parent.radius + SettingsMetrics.focusRingGap + SettingsMetrics.focusRingWidth
                         visible: segment.visualFocus

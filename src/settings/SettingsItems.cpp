@@ -21,11 +21,11 @@ void AppIconCanvasItem::paint(QPainter* painter) {
     ZelmoIconCanvas(style).paint(*painter, boundingRect().adjusted(m_margin, m_margin, -m_margin, -m_margin));
 }
 
-MaterialItem::MaterialItem() {
-    connect(this, &MaterialItem::changed, this, [this] { update(); });
+SwatchMaterialItem::SwatchMaterialItem() {
+    connect(this, &SwatchMaterialItem::changed, this, [this] { update(); });
 }
 
-void MaterialItem::paint(QPainter* painter) {
+void SwatchMaterialItem::paint(QPainter* painter) {
     // A plain ground stays plain however it is blurred.
     QImage ground(4, 4, QImage::Format_ARGB32_Premultiplied);
     ground.fill(m_behind);

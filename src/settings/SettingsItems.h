@@ -26,14 +26,14 @@ private:
 };
 
 // The ultra-thin material over a plain ground, in a rectangle with continuous corners.
-class MaterialItem : public QQuickPaintedItem {
+class SwatchMaterialItem : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QColor behind MEMBER m_behind NOTIFY changed)
     Q_PROPERTY(qreal radius MEMBER m_radius NOTIFY changed)
 
 public:
-    MaterialItem();
+    SwatchMaterialItem();
     void paint(QPainter* painter) override;
 
 Q_SIGNALS:

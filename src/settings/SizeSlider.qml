@@ -63,7 +63,7 @@ Row {
             shadowRadius: SettingsMetrics.knobShadowRadius
             shadowOffset: SettingsMetrics.knobShadowOffset
 
-            FocusRing {
+            SettingsFocusRing {
                 colors: row.colors
                 radius: width / 2
                 visible: slider.visualFocus

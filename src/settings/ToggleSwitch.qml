@@ -41,7 +41,7 @@ T.Switch {
                 }
             }
         }
-        FocusRing {
+        SettingsFocusRing {
             colors: toggle.colors
             radius: height / 2
             visible: toggle.visualFocus

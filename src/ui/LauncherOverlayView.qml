@@ -23,6 +23,12 @@ WallItem {
     searchField: header.searchField
     onPagesRequested: pages => area.grid.scrollByPages(pages)
 
+    // The toolkit knows no such key on every desktop.
+    Shortcut {
+        sequences: [StandardKey.Preferences, "Ctrl+,"]
+        onActivated: wall.store.showSettings()
+    }
+
     Accessible.role: Accessible.Pane
     Accessible.name: "Zelmo"
 

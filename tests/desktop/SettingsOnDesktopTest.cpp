@@ -16,7 +16,6 @@ namespace {
 constexpr xcb_keysym_t shiftKey = 0xffe1;
 constexpr xcb_keysym_t rightKey = 0xff53;
 constexpr xcb_keysym_t letterW = 0x0077;
-constexpr xcb_keysym_t downKey = 0xff54;
 constexpr xcb_keycode_t spaceCode = 65;
 constexpr std::uint32_t iconicState = 3; // of a window that is put down
 

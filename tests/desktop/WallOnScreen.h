@@ -52,7 +52,7 @@ public:
         return DesktopSession::waitFor([this] {
             const XDisplay& display = m_session.display();
             return !display.viewableWindow(QStringLiteral("Zelmo")) &&
-                   !display.viewableWindow(QStringLiteral("Collapse \u2014 Zelmo"));
+                   !display.viewableWindow(QStringLiteral("Collapse"));
         });
     }
     bool hide() const { return m_session.display().typeKey(escapeKey) && waitUntilGone(); }

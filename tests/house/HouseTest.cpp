@@ -20,10 +20,12 @@ const QMap<QString, QStringList>& allowedArrows() {
             {QStringLiteral("overlay"), list("catalog preferences")},
             {QStringLiteral("ui"), list("overlay catalog appearance iconart preferences")},
             {QStringLiteral("shell"), list("catalog hotkey preferences")},
+            {QStringLiteral("menubar"), list("shell ui catalog iconart preferences")},
             {QStringLiteral("settings"), list("shell ui overlay catalog hotkey appearance iconart preferences")},
-            {QStringLiteral("platform"), list("preferences appearance catalog hotkey overlay ui shell settings")},
+            {QStringLiteral("platform"),
+             list("preferences appearance catalog hotkey overlay ui shell menubar settings")},
             {QStringLiteral("app"),
-             list("settings shell ui platform overlay catalog appearance hotkey iconart preferences")},
+             list("menubar settings shell ui platform overlay catalog appearance hotkey iconart preferences")},
         };
     }();
     return arrows;
@@ -44,6 +46,8 @@ const QSet<QString>& interfaces() {
                                    "catalog/Trash.h",
                                    "catalog/Workspace.h",
                                    "hotkey/HotKeyService.h",
+                                   "menubar/PanelDesktop.h",
+                                   "menubar/StatusItem.h",
                                    "overlay/KeyboardBuffer.h",
                                    "overlay/MainScreen.h",
                                    "overlay/MotionPreference.h",

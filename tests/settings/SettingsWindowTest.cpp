@@ -351,7 +351,7 @@ private:
     static QQuickItem& area(const SettingsOnView& view) { return *view.items("QQuickFlickable").constFirst(); }
     static bool focusRingIsShown(const SettingsOnView& view) {
         return std::ranges::any_of(view.items("QQuickRectangle"), [](const QQuickItem* item) {
-            return QByteArray(item->metaObject()->className()).startsWith("FocusRing");
+            return QByteArray(item->metaObject()->className()).startsWith("SettingsFocusRing");
         });
     }
     static void expectEveryTextInside(const SettingsOnView& view) {
