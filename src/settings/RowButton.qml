@@ -8,7 +8,7 @@ T.Button {
 
     required property SettingsPalette colors
     property string caption: ""
-    property string symbol: ""
+    property string symbol
     property real symbolSize: 0
     property int symbolWeight: Font.DemiBold
     property list<color> badgeColors

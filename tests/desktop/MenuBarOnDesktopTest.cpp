@@ -9,7 +9,7 @@ using namespace zelmo::test;
 
 namespace {
 
-const QString panelTitle = QStringLiteral("Menu Panel — Zelmo");
+const QString panelTitle = QStringLiteral("Menu Panel");
 constexpr xcb_keysym_t upKey = 0xff52;
 
 // A desktop with a bar at the top, in which a tray shows the program's item.
@@ -60,10 +60,12 @@ public:
             return place == QRect(QPoint(0, 0), display().size()) && display().focusedWindow() != display().root();
         });
     }
+    // Nor what it shrinks into, which has an item's colours too.
     bool waitForNoWall() const {
         return DesktopSession::waitFor([this] {
             const auto window = display().viewableWindow(QStringLiteral("Zelmo"));
-            return !window || display().geometry(*window) != QRect(QPoint(0, 0), display().size());
+            const bool isGone = !window || display().geometry(*window) != QRect(QPoint(0, 0), display().size());
+            return isGone && !display().viewableWindow(QStringLiteral("Collapse"));
         });
     }
     // The middle of the item: of its middle cell, in a colour that no bar has.

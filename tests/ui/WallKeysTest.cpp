@@ -135,6 +135,16 @@ private Q_SLOTS:
         QVERIFY(keys.wall.store.log.contains(QStringLiteral("open /Applications/App 00001.app")));
     }
 
+    // Typed before the program comes to anything else.
+    void keysThatComeAtOnceAreHeededInTheirOrder() {
+        Keys keys(20);
+        QVERIFY(keys.isReady());
+        keys.wall.store.store->showOverlay();
+        for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Right, Qt::Key_Return})
+            QTest::keyClick(&keys.wall.window, key);
+        QVERIFY(keys.wall.store.log.contains(QStringLiteral("open /Applications/App 00007.app")));
+    }
+
     void enterInTheSearchDoesNothing() {
         Keys keys(6);
         QVERIFY(keys.isReady());
