@@ -17,7 +17,7 @@ WallItem {
         area.grid.forgetCurrent();
     }
 
-    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.enabled: wall.isRightToLeft
     LayoutMirroring.childrenInherit: true
 
     searchField: header.searchField

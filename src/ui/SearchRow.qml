@@ -105,7 +105,6 @@ PlateItem {
             title: "Uninstall"
             helpText: enabled ? "Move selected apps to Trash" : "Select apps to uninstall"
             tip: row.tip
-            refuge: input
             symbol: "trash.fill"
             symbolWeight: Font.Bold
             colors: HeaderMetrics.uninstallColors
@@ -118,7 +117,6 @@ PlateItem {
             title: "Done"
             helpText: "Finish selecting"
             tip: row.tip
-            refuge: input
             symbol: "checkmark"
             colors: HeaderMetrics.selectColors
             onPressed: row.store.finishEditing()
@@ -130,7 +128,6 @@ PlateItem {
             title: "Select"
             helpText: "Select multiple apps"
             tip: row.tip
-            refuge: input
             symbol: "checkmark.circle"
             colors: HeaderMetrics.selectColors
             onPressed: row.store.isEditingApps = true
@@ -142,7 +139,6 @@ PlateItem {
             title: "Settings"
             helpText: "Settings"
             tip: row.tip
-            refuge: input
             symbol: "gearshape.fill"
             colors: HeaderMetrics.settingsColors
             onPressed: row.store.showSettings()
