@@ -50,7 +50,8 @@ int main(int argc, char* argv[]) {
                                                           .preferences = preferences,
                                                           .fontFaces = backends.fontFaces,
                                                           .icons = icons,
-                                                          .desktopCapture = backends.desktopCapture});
+                                                          .desktopCapture = backends.desktopCapture,
+                                                          .motion = backends.motion});
         return std::make_unique<OverlayWindowController>(store,
                                                          OverlayServices{.mainScreen = backends.mainScreen,
                                                                          .keyboardBuffer = backends.keyboardBuffer,

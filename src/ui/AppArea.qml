@@ -48,7 +48,7 @@ Flickable {
         mirrored: area.mirrored
         visibleTop: area.contentY - y
         visibleHeight: area.height
-        changeDuration: area.store.changeDuration
+        changeDuration: area.style.movesCards ? area.store.changeDuration : 0
         card: [gridCard, listCard, minimalCard, tileCard][area.style.variant]
         onScrollRequested: visibleTop => area.contentY = visibleTop
         onFocusLost: area.focusLost()

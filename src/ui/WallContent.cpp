@@ -1,6 +1,7 @@
 #include "ui/WallContent.h"
 
 #include "catalog/LauncherStore.h"
+#include "overlay/MotionPreference.h"
 #include "overlay/OverlayWindow.h"
 #include "ui/CategoryBarModel.h"
 #include "ui/DesktopBackdrop.h"
@@ -24,6 +25,7 @@ WallContent::WallContent(const WallServices& services)
 WallContent::~WallContent() = default;
 
 void WallContent::prepare(const QScreen& screen) {
+    m_style->setReducesMotion(m_services.motion.reducesMotion());
     if (m_style->blursDesktop())
         m_backdrop->take(m_services.desktopCapture.capture(screen), screen.devicePixelRatio());
 }

@@ -12,6 +12,7 @@ class DesktopCapture;
 class FontFaces;
 class IconCache;
 class LauncherStore;
+class MotionPreference;
 class Preferences;
 class WallModel;
 class WallStyle;
@@ -23,6 +24,7 @@ struct WallServices {
     const FontFaces& fontFaces;
     IconCache& icons;
     DesktopCapture& desktopCapture;
+    MotionPreference& motion;
 };
 
 // The wall's content, bound to the store and the settings. Outlives the window that it is loaded into; main thread.

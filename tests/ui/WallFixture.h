@@ -1,5 +1,6 @@
 #pragma once
 
+#include "overlay/MotionPreference.h"
 #include "overlay/OverlayWindow.h"
 #include "support/CatalogFakes.h"
 #include "support/FixedFontFaces.h"
@@ -54,6 +55,13 @@ public:
 
     QColor color;
     int captures = 0;
+};
+
+class ChosenMotion : public MotionPreference {
+public:
+    bool reducesMotion() const override { return reduces; }
+
+    bool reduces = false;
 };
 
 // The wall in a window of its own, on fakes.
@@ -156,11 +164,13 @@ public:
     BlueIconSource iconSource;
     IconCache icons;
     PlainDesktop desktop;
+    ChosenMotion motion;
     WallContent content{{.store = *store.store,
                          .preferences = *store.preferences,
                          .fontFaces = faces,
                          .icons = icons,
-                         .desktopCapture = desktop}};
+                         .desktopCapture = desktop,
+                         .motion = motion}};
     OverlayWindow window;
 };
 
