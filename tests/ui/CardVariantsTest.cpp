@@ -82,9 +82,10 @@ private Q_SLOTS:
         QCOMPARE(first.top(), fixture.place(fixture.panel()).bottom() + 22 + 4);
         for (int i = 0; i < 3 * columns; ++i) {
             const QRectF place = fixture.place(fixture.card(i));
+            const int line = i / columns;
             QCOMPARE(place.size(), first.size());
             QCOMPARE(place.left(), first.left() + i % columns * columnStep);
-            QCOMPARE(place.top(), first.top() + i / columns * (first.height() + rowGap));
+            QCOMPARE(place.top(), first.top() + line * (first.height() + rowGap));
         }
         QCOMPARE(first.left() + fixture.place(fixture.card(columns - 1)).right(), 1920.0);
     }
