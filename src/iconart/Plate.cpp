@@ -67,11 +67,12 @@ constexpr std::array<std::array<std::uint32_t, 8>, 8> thresholds = [] {
 // bands are to be seen.
 QImage spread(const QImage& fine) {
     QImage image(fine.size(), QImage::Format_ARGB32_Premultiplied);
+    const int columns = image.width();
     for (int y = 0; y < image.height(); ++y) {
         const auto* from = reinterpret_cast<const QRgba64*>(fine.constScanLine(y));
         auto* to = reinterpret_cast<QRgb*>(image.scanLine(y));
         const auto& row = thresholds[static_cast<std::size_t>(y) % 8];
-        for (int x = 0; x < image.width(); ++x) {
+        for (int x = 0; x < columns; ++x) {
             const std::uint32_t threshold = row[static_cast<std::size_t>(x) % 8];
             const auto step = [threshold](quint16 value) {
                 return static_cast<int>((value * 255U + threshold) / 65535U);
