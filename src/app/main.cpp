@@ -17,6 +17,7 @@
 #include "ui/AlertWindowPresenter.h"
 #include "ui/IconCache.h"
 #include "ui/WallContent.h"
+#include "ui/WallScene.h"
 
 #include <QGuiApplication>
 
@@ -36,6 +37,7 @@ int main(int argc, char* argv[]) {
     // Nothing is translated, so only the locale says so.
     QGuiApplication::setLayoutDirection(QLocale::system().textDirection());
 
+    WallScene wallScene;
     LinuxBackends backends;
     // The wall opens by itself, so what is typed from here on is meant for it.
     backends.keyboardBuffer.begin();
@@ -46,7 +48,8 @@ int main(int argc, char* argv[]) {
     AlertWindowPresenter alerts;
     std::unique_ptr<WallContent> wall;
     const auto makeOverlay = [&](LauncherStore& store) -> std::unique_ptr<Overlay> {
-        wall = std::make_unique<WallContent>(WallServices{.store = store,
+        wall = std::make_unique<WallContent>(WallServices{.scene = wallScene,
+                                                          .store = store,
                                                           .preferences = preferences,
                                                           .fontFaces = backends.fontFaces,
                                                           .icons = icons,

@@ -45,8 +45,8 @@ void AppIconSettings::choose(int index) {
     if (index < 0 || index >= appIconStyleCount)
         return;
     m_preferences.setValue<Key::appIconStyle>(rawValue(static_cast<AppIconStyle>(index)));
-    if (const QImage image = ZelmoIconFactory::appIcon(iconPoints, m_preferences); !image.isNull())
-        m_application.setApplicationIconImage(image);
+    m_application.setApplicationIconImage(
+        [&preferences = m_preferences] { return ZelmoIconFactory::appIcon(iconPoints, preferences); });
 }
 
 QList<QColor> AppIconSettings::previewColors() const {

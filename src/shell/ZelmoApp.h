@@ -14,7 +14,7 @@ class ZelmoAppDelegate;
 
 struct ZelmoAppServices {
     SharedApplication& application;
-    // Of so many points; null where nothing can be drawn.
+    // Of so many points; null where nothing can be drawn. Called as long as the application object lives.
     std::function<QImage(int points)> renderIcon;
     std::function<std::unique_ptr<LauncherStore>()> makeStore;
     std::function<std::unique_ptr<LauncherHotKeyController>(LauncherStore&)> makeHotKeyController;

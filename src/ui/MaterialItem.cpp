@@ -2,7 +2,7 @@
 
 #include "iconart/ContinuousRectangle.h"
 #include "iconart/Material.h"
-#include "iconart/Shadow.h"
+#include "iconart/Plate.h"
 
 #include <QPainter>
 #include <QQuickWindow>
@@ -65,13 +65,7 @@ const QImage& MaterialItem::shadow(QSize pixels, double scale) {
     const int margin = shadowMargin(style);
     if (style == m_shadowStyle && m_shadow.size() == pixels + QSize(2 * margin, 2 * margin))
         return m_shadow;
-    QImage shape(pixels, QImage::Format_ARGB32_Premultiplied);
-    shape.fill(Qt::transparent);
-    QPainter painter(&shape);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(continuousRectangle(QRectF(QPointF(), QSizeF(pixels)), m_radius * scale), Qt::black);
-    painter.end();
-    m_shadow = shadowOf(shape, style);
+    m_shadow = plateShadow(pixels, m_radius * scale, style);
     m_shadowStyle = style;
     return m_shadow;
 }

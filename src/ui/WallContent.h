@@ -15,10 +15,12 @@ class LauncherStore;
 class MotionPreference;
 class Preferences;
 class WallModel;
+class WallScene;
 class WallStyle;
 
 // What the wall needs. All of it outlives the wall.
 struct WallServices {
+    WallScene& scene;
     LauncherStore& store;
     const Preferences& preferences;
     const FontFaces& fontFaces;

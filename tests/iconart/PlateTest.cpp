@@ -72,6 +72,27 @@ private Q_SLOTS:
         }
     }
 
+    void aStrokeAsWideAsThePlateFillsIt() {
+        const QImage image = paintPlate({20, 10}, 1, {.radius = 3, .stroke = {{Qt::white}}, .strokeWidth = 6});
+        QCOMPARE(image.pixelColor(10, 5), QColor(Qt::white));
+        QCOMPARE(image.pixelColor(10, 0), QColor(Qt::white));
+    }
+
+    // However much of it is made of copies.
+    void theShadowOfALargePlateIsThatOfItsShape_data() {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("large both ways") << QSize(400, 300);
+        QTest::newRow("wide") << QSize(401, 40);
+        QTest::newRow("high") << QSize(40, 400);
+        QTest::newRow("small") << QSize(50, 40);
+    }
+    void theShadowOfALargePlateIsThatOfItsShape() {
+        QFETCH(QSize, size);
+        const ShadowStyle style{.opacity = 0.5, .radius = 20, .offset = 7.5};
+        const PlateStyle plate{.radius = 16, .fill = {{Qt::black}}};
+        QCOMPARE(plateShadow(size, 16, style), shadowOf(paintPlate(size, 1, plate), style));
+    }
+
     void withNothingToSeeThereIsNoPicture() {
         QVERIFY(paintPlate({60, 40}, 1, {}).isNull());
         QVERIFY(paintPlate({0, 40}, 1, {.fill = {{Qt::white}}}).isNull());

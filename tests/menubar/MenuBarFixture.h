@@ -60,7 +60,7 @@ public:
 class FakeSharedApplication : public SharedApplication {
 public:
     void setActivationPolicy(ActivationPolicy) override {}
-    void setApplicationIconImage(const QImage&) override {}
+    void setApplicationIconImage(std::function<QImage()>) override {}
     void terminate() override { ++terminations; }
 
     int terminations = 0;

@@ -40,7 +40,7 @@ private:
 class FakeSharedApplication : public SharedApplication {
 public:
     void setActivationPolicy(ActivationPolicy) override {}
-    void setApplicationIconImage(const QImage& image) override { icons.append(image); }
+    void setApplicationIconImage(std::function<QImage()> draw) override { icons.append(draw()); }
     void terminate() override {}
 
     QList<QImage> icons;

@@ -43,15 +43,6 @@ QString badgeSymbol(QQuickItem* badge) {
                   : QString();
 }
 
-// Also while it is hidden.
-QQuickItem* badgeOf(QQuickItem* card) {
-    for (QQuickItem* child : card->childItems()) {
-        if (child->property("isShown").isValid())
-            return child;
-    }
-    return nullptr;
-}
-
 // How long, and in which way, the item's properties go from one value to another.
 QList<QPair<int, int>> animations(const QQuickItem* item) {
     QList<QPair<int, int>> list;
@@ -175,9 +166,9 @@ private Q_SLOTS:
         QVERIFY(fixture.waitForCards(2));
         LauncherStore& store = *fixture.store.store;
         QQuickItem* card = fixture.card(1);
-        QQuickItem* badge = badgeOf(card);
-        QVERIFY(!badge->isVisible());
+        QVERIFY(!badgeOf(card));
         store.setIsEditingApps(true);
+        QQuickItem* badge = badgeOf(card);
         QTRY_COMPARE(badge->scale(), 1.0);
         QTRY_COMPARE(opacityOf(badge), 1.0);
         QCOMPARE(fixture.place(badge), QRectF(fixture.place(card).topLeft() + place, QSizeF(24, 24)));
@@ -199,20 +190,59 @@ private Q_SLOTS:
     void theBadgeGrowsAndFadesInAndOut() {
         WallFixture fixture(2);
         QVERIFY(fixture.waitForCards(2));
-        QQuickItem* badge = badgeOf(fixture.card(1));
+        LauncherStore& store = *fixture.store.store;
+        store.setIsEditingApps(true);
+        const QPointer<QQuickItem> badge = badgeOf(fixture.card(1));
         QCOMPARE(badge->scale(), 0.00001);
         QCOMPARE(badge->opacity(), 0.0);
         QCOMPARE(badge->transformOrigin(), QQuickItem::Center);
-        for (const bool isEditing : {true, false}) {
-            bool wasBetween = false;
-            fixture.store.store->setIsEditingApps(isEditing);
-            QTRY_VERIFY(
-                (wasBetween = wasBetween || (badge->isVisible() && badge->scale() > 0.001 && badge->scale() < 0.999 &&
-                                             badge->opacity() > 0.001 && badge->opacity() < 0.999),
-                 wasBetween && badge->opacity() == (isEditing ? 1 : 0)));
-            QTRY_COMPARE(badge->scale(), isEditing ? 1 : 0.00001);
-            QCOMPARE(badge->isVisible(), isEditing);
-        }
+        const auto isBetween = [&badge] {
+            return badge && badge->isVisible() && badge->scale() > 0.001 && badge->scale() < 0.999 &&
+                   badge->opacity() > 0.001 && badge->opacity() < 0.999;
+        };
+        bool wasBetween = false;
+        QTRY_VERIFY((wasBetween = wasBetween || isBetween(), badge->opacity() == 1));
+        QVERIFY(wasBetween);
+        QTRY_COMPARE(badge->scale(), 1.0);
+        QVERIFY(badge->isVisible());
+
+        store.setIsEditingApps(false);
+        wasBetween = false;
+        QTRY_VERIFY((wasBetween = wasBetween || isBetween(), !badge));
+        QVERIFY(wasBetween);
+        QVERIFY(!badgeOf(fixture.card(1)));
+        // And once more.
+        store.setIsEditingApps(true);
+        QTRY_COMPARE(opacityOf(badgeOf(fixture.card(1))), 1.0);
+    }
+
+    void aBadgeThatIsWantedAgainWhileItFadesStays() {
+        WallFixture fixture(2);
+        QVERIFY(fixture.waitForCards(2));
+        LauncherStore& store = *fixture.store.store;
+        store.setIsEditingApps(true);
+        const QPointer<QQuickItem> badge = badgeOf(fixture.card(1));
+        QTRY_COMPARE(badge->opacity(), 1.0);
+        store.setIsEditingApps(false);
+        QTRY_VERIFY(badge->opacity() < 1);
+        store.setIsEditingApps(true);
+        QTRY_COMPARE(badge->opacity(), 1.0);
+        QTRY_COMPARE(badge->scale(), 1.0);
+    }
+
+    void badgesOfNewCardsAreJustThere() {
+        WallFixture fixture(200, {}, {1280, 700});
+        QTRY_VERIFY(!fixture.items("zelmo::AppIconItem").isEmpty());
+        LauncherStore& store = *fixture.store.store;
+        store.setIsEditingApps(true);
+        QTRY_COMPARE(opacityOf(badgeOf(fixture.card(0))), 1.0);
+        const qsizetype before = fixture.items("zelmo::AppIconItem").size();
+        fixture.window.resize(1920, 1080);
+        QTRY_VERIFY(fixture.items("zelmo::AppIconItem").size() > before);
+        const QQuickItem* badge = badgeOf(fixture.card(static_cast<int>(before)));
+        QVERIFY(badge);
+        QCOMPARE(badge->opacity(), 1.0);
+        QCOMPARE(badge->scale(), 1.0);
     }
 
     void changesEaseOutIn120Milliseconds() {

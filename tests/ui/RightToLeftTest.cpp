@@ -23,11 +23,8 @@ private Q_SLOTS:
         QCOMPARE(left(wall.card(6)), left(wall.card(0)));
         // The badge is in the corner at the right.
         wall.store.store->setIsEditingApps(true);
-        QQuickItem* badge = nullptr;
-        for (QQuickItem* child : wall.card(0)->childItems()) {
-            if (child->property("isShown").isValid())
-                badge = child;
-        }
+        QQuickItem* badge = badgeOf(wall.card(0));
+        QVERIFY(badge);
         QTRY_COMPARE(badge->scale(), 1.0);
         QCOMPARE(wall.place(badge).right(), wall.place(wall.card(0)).right() - 10);
     }

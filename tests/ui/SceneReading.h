@@ -88,6 +88,16 @@ inline bool hasLetterSpacing(const QQuickItem* text, double spacing) {
 }
 
 // The plates that an item consists of besides what it has for the focus, below and above its own.
+// The one of a selection, while there is one.
+inline QQuickItem* badgeOf(const QQuickItem* card) {
+    for (QQuickItem* child : card->childItems()) {
+        auto* badge = child->property("item").value<QQuickItem*>();
+        if (badge && badge->property("isShown").isValid())
+            return badge;
+    }
+    return nullptr;
+}
+
 inline QList<QQuickItem*> platesIn(const QQuickItem* item) {
     QList<QQuickItem*> list;
     for (QQuickItem* child : item->childItems()) {

@@ -9,6 +9,7 @@
 #include "ui/IconSource.h"
 #include "ui/SceneReading.h"
 #include "ui/WallContent.h"
+#include "ui/WallScene.h"
 
 #include <QQuickItem>
 #include <QScreen>
@@ -82,7 +83,7 @@ public:
 
     QList<QQuickItem*> items(const char* type) {
         QList<QQuickItem*> list;
-        collect(window.rootObject(), type, list);
+        collect(window.rootItem(), type, list);
         return list;
     }
     // Texts in sight with this content.
@@ -94,7 +95,7 @@ public:
     // The button in sight with this name for screen readers.
     QQuickItem* button(const char* title) {
         QList<QQuickItem*> list;
-        collect(window.rootObject(), "QQuickItem", list);
+        collect(window.rootItem(), "QQuickItem", list);
         list.removeIf([&](const QQuickItem* item) {
             return item->property("title").toString() != QLatin1StringView(title) ||
                    !item->property("helpText").isValid();
@@ -165,7 +166,9 @@ public:
     IconCache icons;
     PlainDesktop desktop;
     ChosenMotion motion;
-    WallContent content{{.store = *store.store,
+    WallScene scene;
+    WallContent content{{.scene = scene,
+                         .store = *store.store,
                          .preferences = *store.preferences,
                          .fontFaces = faces,
                          .icons = icons,
