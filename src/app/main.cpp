@@ -1,6 +1,7 @@
 #include "app/FlushAtExit.h"
 #include "app/FontWarmUp.h"
 #include "app/LinuxBackends.h"
+#include "app/MemoryUse.h"
 #include "app/MenuBar.h"
 #include "app/ProgramInstances.h"
 #include "app/QtSharedApplication.h"
@@ -29,6 +30,7 @@ int main(int argc, char* argv[]) {
         return *exitCode;
     // Before there is another thread: it changes the environment.
     chooseRenderer();
+    returnLargeBlocks();
     const FontWarmUp fonts;
     QGuiApplication application(argc, argv);
     QtSharedApplication sharedApplication;

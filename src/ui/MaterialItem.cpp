@@ -15,10 +15,7 @@ namespace zelmo {
 
 MaterialItem::MaterialItem() {
     setFlag(ItemHasContents);
-    connect(this, &MaterialItem::changed, this, [this] {
-        m_shadow = {};
-        noteChange();
-    });
+    connect(this, &MaterialItem::changed, this, &MaterialItem::noteChange);
 }
 
 void MaterialItem::setBackground(BackgroundItem* background) {
@@ -43,8 +40,10 @@ QSGNode* MaterialItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
     m_stale = false;
     const double scale = window()->effectiveDevicePixelRatio();
     const QSize pixels = (size() * scale).toSize();
-    QImage picture = shadow(pixels, scale).copy();
-    const int margin = shadowMargin(m_shadowStyle);
+    const ShadowStyle shadow{
+        .opacity = m_shadowOpacity, .radius = m_shadowRadius * scale, .offset = m_shadowOffset * scale};
+    QImage picture = plateShadow(pixels, m_radius * scale, shadow);
+    const int margin = shadowMargin(shadow);
     {
         QPainter painter(&picture);
         painter.translate(margin, margin);
@@ -57,17 +56,6 @@ QSGNode* MaterialItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
     image->setTexture(window()->createTextureFromImage(picture, QQuickWindow::TextureHasAlphaChannel));
     image->setRect(QRectF(QPointF(-margin, -margin) / scale, QSizeF(picture.size()) / scale));
     return image;
-}
-
-const QImage& MaterialItem::shadow(QSize pixels, double scale) {
-    const ShadowStyle style{
-        .opacity = m_shadowOpacity, .radius = m_shadowRadius * scale, .offset = m_shadowOffset * scale};
-    const int margin = shadowMargin(style);
-    if (style == m_shadowStyle && m_shadow.size() == pixels + QSize(2 * margin, 2 * margin))
-        return m_shadow;
-    m_shadow = plateShadow(pixels, m_radius * scale, style);
-    m_shadowStyle = style;
-    return m_shadow;
 }
 
 void MaterialItem::paintSurface(QPainter& painter, QSize pixels, double scale) const {

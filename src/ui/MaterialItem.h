@@ -1,6 +1,5 @@
 #pragma once
 
-#include "iconart/Shadow.h"
 #include "ui/BackgroundItem.h"
 
 #include <QPointer>
@@ -34,8 +33,6 @@ protected:
 
 private:
     void noteChange();
-    // On a canvas that is larger than the item by the margin on every side; pixels.
-    const QImage& shadow(QSize pixels, double scale);
     void paintSurface(QPainter& painter, QSize pixels, double scale) const;
 
     QPointer<BackgroundItem> m_background;
@@ -44,8 +41,6 @@ private:
     qreal m_shadowRadius = 0;
     qreal m_shadowOffset = 0;
     bool m_stale = true;
-    QImage m_shadow; // stays the same whatever lies behind
-    ShadowStyle m_shadowStyle;
 };
 
 } // namespace zelmo
