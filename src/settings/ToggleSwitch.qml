@@ -8,6 +8,7 @@ T.Switch {
 
     required property SettingsPalette colors
     required property string title
+    required property bool animates
 
     implicitWidth: SettingsMetrics.switchWidth
     implicitHeight: SettingsMetrics.switchHeight
@@ -33,7 +34,7 @@ T.Switch {
             shadowOffset: SettingsMetrics.knobShadowOffset
 
             Behavior on x {
-                enabled: !toggle.pressed
+                enabled: toggle.animates && !toggle.pressed
 
                 NumberAnimation {
                     duration: SettingsMetrics.switchDuration

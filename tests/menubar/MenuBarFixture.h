@@ -2,8 +2,8 @@
 
 #include "menubar/MenuBarExtra.h"
 #include "menubar/PanelDesktop.h"
-#include "shell/SharedApplication.h"
 #include "support/CatalogFakes.h"
+#include "support/FakeSharedApplication.h"
 
 #include <QGuiApplication>
 #include <QPainter>
@@ -57,15 +57,6 @@ public:
     PanelWatch told;
 };
 
-class FakeSharedApplication : public SharedApplication {
-public:
-    void setActivationPolicy(ActivationPolicy) override {}
-    void setApplicationIconImage(const QImage&) override {}
-    void terminate() override { ++terminations; }
-
-    int terminations = 0;
-};
-
 // The item and its panel on fakes.
 class MenuBarFixture {
 public:
@@ -97,14 +88,18 @@ public:
     FakeSharedApplication application;
     QRect captured;
     QImage behind;
+    bool reducesMotion = false;
     MenuBarExtra extra{{.statusItem = statusItem,
                         .store = *store.store,
                         .preferences = *store.preferences,
                         .application = application,
-                        .panel = {.desktop = desktop, .captureDesktop = [this](const QRect& pixels, const QScreen&) {
-                                      captured = pixels;
-                                      return behind;
-                                  }}}};
+                        .panel = {.desktop = desktop,
+                                  .captureDesktop =
+                                      [this](const QRect& pixels, const QScreen&) {
+                                          captured = pixels;
+                                          return behind;
+                                      },
+                                  .reducesMotion = [this] { return reducesMotion; }}}};
 
 private:
     static void collect(QQuickItem* item, const char* type, const QString& title, QList<QQuickItem*>& found) {
