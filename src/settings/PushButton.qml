@@ -16,6 +16,7 @@ T.Button {
 
     Accessible.role: Accessible.Button
     Accessible.name: button.text
+    Accessible.onPressAction: button.clicked()
 
     background: Rectangle {
         radius: SettingsMetrics.controlRadius

@@ -15,6 +15,13 @@ T.Switch {
 
     Accessible.role: Accessible.CheckBox
     Accessible.name: toggle.title
+    Accessible.onPressAction: toggle.throwOver()
+    Accessible.onToggleAction: toggle.throwOver()
+
+    function throwOver() {
+        toggle.toggle();
+        toggle.toggled();
+    }
 
     indicator: Rectangle {
         implicitWidth: SettingsMetrics.switchWidth
