@@ -42,6 +42,18 @@ private Q_SLOTS:
         QVERIFY(settings.waitUntilGone());
     }
 
+    // As the program's entry in the desktop's menu has it.
+    void theDesktopsCommandForActionsOpensThem() {
+        SettingsOnScreen settings;
+        QVERIFY(settings.start(2));
+        QProcess& command = settings.session->startProgram(
+            QStringLiteral("gapplication"),
+            {QStringLiteral("action"), QStringLiteral("org.zelmo.Zelmo"), QStringLiteral("settings")});
+        QVERIFY(command.waitForFinished());
+        QCOMPARE(command.exitCode(), 0);
+        QVERIFY(settings.waitUntilShown());
+    }
+
     void aBackgroundThatIsPickedIsStored() {
         SettingsOnScreen settings;
         QVERIFY(settings.start(2));
@@ -223,6 +235,15 @@ private Q_SLOTS:
         QVERIFY(QRect(0, 0, 1024, 500).contains(settings.place()));
         QCOMPARE(settings.place().width(), 560);
         QVERIFY(settings.place().height() > 400);
+        // The wheel brings the end, where the one control of its kind is the button of the hidden apps.
+        QCOMPARE(settings.runsOfControls().size(), 2);
+        settings.session->display().movePointer(settings.place().center());
+        QVERIFY(DesktopSession::waitFor([&] {
+            const QImage before = settings.picture();
+            settings.session->display().wheelDown();
+            QTest::qWait(100);
+            return settings.picture() == before && settings.runsOfControls().size() == 1;
+        }));
     }
 
     void theyAreDarkWhereTheDesktopIs() {
