@@ -78,6 +78,32 @@ private Q_SLOTS:
         QVERIFY(m_desktop->waitForItem());
     }
 
+    // The item in the tray has a mark of its own, whichever icon is chosen.
+    void anotherIconReachesEveryWindowAtOnce() {
+        const XDisplay& display = m_desktop->display();
+        const auto icon = [&](xcb_window_t window) { return display.property(window, "_NET_WM_ICON"); };
+        const xcb_window_t panel = *display.viewableWindow(QStringLiteral("Menu Panel"));
+        QVERIFY(m_reader->act("push button", "Settings"));
+        QVERIFY(m_reader->waitFor("radio button", "Mosaic", "checked"));
+        const xcb_window_t settings = *display.viewableWindow(QStringLiteral("Zelmo Settings"));
+        const QByteArray before = icon(settings);
+        QVERIFY(!before.isEmpty());
+        QCOMPARE(icon(panel), before);
+        QVERIFY(m_reader->act("radio button", "Aurora"));
+        QVERIFY(DesktopSession::waitFor([&] { return icon(settings) != before; }));
+        const QByteArray chosen = icon(settings);
+        QVERIFY(DesktopSession::waitFor([&] { return icon(panel) == chosen; }));
+        display.close(settings);
+        QVERIFY(m_reader->waitForNone("frame", "Zelmo Settings"));
+        QVERIFY(m_desktop->openPanel());
+        QVERIFY(m_reader->act("push button", "Show App Wall"));
+        QVERIFY(m_desktop->waitForWall());
+        QCOMPARE(icon(*display.viewableWindow(QStringLiteral("Zelmo"))), chosen);
+        QVERIFY(display.typeKey(escapeKey));
+        QVERIFY(m_desktop->waitForNoWall());
+        QVERIFY(m_desktop->waitForItem());
+    }
+
     // Last, for the program ends.
     void theProgramIsQuit() {
         QVERIFY(m_reader->act("push button", "Quit Zelmo"));

@@ -200,16 +200,16 @@ private Q_SLOTS:
         const xcb_window_t wall = *settings.session->display().viewableWindow(QStringLiteral("Zelmo"));
         QVERIFY(settings.wall->hide());
         QVERIFY(settings.open());
-        const QByteArray before = settings.property(*settings.window(), "_NET_WM_ICON");
+        const QByteArray before = settings.session->display().property(*settings.window(), "_NET_WM_ICON");
         QVERIFY(!before.isEmpty());
-        QCOMPARE(settings.property(wall, "_NET_WM_ICON"), before);
+        QCOMPARE(settings.session->display().property(wall, "_NET_WM_ICON"), before);
         // Past two lists, a colour, six sliders and a switch.
         settings.type(tabKey, 11);
         settings.type(rightKey);
         QVERIFY(DesktopSession::waitFor([&] { return settings.stored().contains("<string>aurora</string>"); }));
         QVERIFY(DesktopSession::waitFor([&] {
-            const QByteArray now = settings.property(*settings.window(), "_NET_WM_ICON");
-            return !now.isEmpty() && now != before && now == settings.property(wall, "_NET_WM_ICON");
+            const QByteArray now = settings.session->display().property(*settings.window(), "_NET_WM_ICON");
+            return !now.isEmpty() && now != before && now == settings.session->display().property(wall, "_NET_WM_ICON");
         }));
     }
 

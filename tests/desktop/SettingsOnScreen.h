@@ -109,25 +109,13 @@ public:
         type(key, times);
         session->display().releaseKey(modifier);
     }
-    // What a property of a window holds.
-    QByteArray property(xcb_window_t window, const QByteArray& name) const {
-        xcb_connection_t* server = session->display().connection();
-        auto* atom = xcb_intern_atom_reply(
-            server, xcb_intern_atom(server, 0, static_cast<std::uint16_t>(name.size()), name.constData()), nullptr);
-        auto* reply = xcb_get_property_reply(
-            server, xcb_get_property(server, 0, window, atom->atom, XCB_GET_PROPERTY_TYPE_ANY, 0, 1U << 20U), nullptr);
-        QByteArray value(static_cast<const char*>(xcb_get_property_value(reply)), xcb_get_property_value_length(reply));
-        std::free(atom);
-        std::free(reply);
-        return value;
-    }
     bool hasState(xcb_window_t window, const QByteArray& name) const {
         xcb_connection_t* server = session->display().connection();
         auto* atom = xcb_intern_atom_reply(
             server, xcb_intern_atom(server, 0, static_cast<std::uint16_t>(name.size()), name.constData()), nullptr);
         const QByteArray number(reinterpret_cast<const char*>(&atom->atom), sizeof atom->atom);
         std::free(atom);
-        return property(window, "_NET_WM_STATE").contains(number);
+        return session->display().property(window, "_NET_WM_STATE").contains(number);
     }
     // As a person does who drags it by its frame.
     void moveWindow(const QRect& place) const {
