@@ -266,6 +266,20 @@ private Q_SLOTS:
         QVERIFY(DesktopSession::waitFor([&] { return ground() > 200; }));
     }
 
+    void theDesktopsWishForLessMovementIsHeard() {
+        SettingsOnScreen settings;
+        QVERIFY(settings.start(2));
+        QVERIFY(settings.open());
+        // Slow machines may miss it now and then.
+        QVERIFY(DesktopSession::waitFor([&] { return placesOfTheKnob(settings).size() > 2; }));
+        settings.typeWith(controlKey, letterW);
+        QVERIFY(settings.waitUntilGone());
+        settings.session->writeFile(QStringLiteral(".config/kdeglobals"), "[KDE]\nAnimationDurationFactor=0\n");
+        QVERIFY(settings.open());
+        for (int i = 0; i < 4; ++i)
+            QCOMPARE(placesOfTheKnob(settings).size(), 2);
+    }
+
     void theProgramEndsWithItsSettingsOpen() {
         SettingsOnScreen settings;
         QVERIFY(settings.start(2));
@@ -277,6 +291,27 @@ private Q_SLOTS:
     }
 
 private:
+    // Where the left edge of the switch's knob is seen from a click on until it has crossed over.
+    static QSet<int> placesOfTheKnob(const SettingsOnScreen& settings) {
+        const QRect track(settings.place().topLeft() + QPoint(488, 508), QSize(36, 1));
+        const auto place = [&] {
+            const QImage row = settings.session->display().screenshot().copy(track);
+            int x = 0;
+            while (x < row.width() && qGray(row.pixel(x, 0)) < 250)
+                ++x;
+            return x;
+        };
+        constexpr int knobTravel = 16;
+        const int first = place();
+        QSet<int> seen{first};
+        settings.session->display().click(track.center());
+        DesktopSession::waitFor([&] {
+            const int now = place();
+            seen.insert(now);
+            return std::abs(now - first) == knobTravel;
+        });
+        return seen;
+    }
     static void windowManagers() {
         QTest::addColumn<QString>("windowManager");
         for (const char* name : {"openbox", "metacity"})
