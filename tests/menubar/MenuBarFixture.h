@@ -60,7 +60,7 @@ public:
 // The item and its panel on fakes.
 class MenuBarFixture {
 public:
-    MenuBarPanelWindow& open(const StatusItemClick& click = {.place = QRect(400, 0, 22, 22)}) {
+    MenuBarPanelWindow& open(const StatusItemClick& click = {.place = QRect(400, 0, 22, 22)}) const {
         statusItem.click(click);
         if (!extra.panel() || !extra.panel()->isVisible() || !QTest::qWaitForWindowActive(extra.panel()))
             qFatal("no panel opens");
