@@ -12,6 +12,8 @@ MenuBar::MenuBar(MenuBarServices services)
                .store = services.store,
                .preferences = services.preferences,
                .application = services.application,
-               .panel = {.desktop = m_desktop, .captureDesktop = std::move(services.captureDesktop)}}) {}
+               .panel = {.desktop = m_desktop,
+                         .captureDesktop = std::move(services.captureDesktop),
+                         .reducesMotion = std::move(services.reducesMotion)}}) {}
 
 } // namespace zelmo

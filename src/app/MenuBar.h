@@ -14,6 +14,8 @@ struct MenuBarServices {
     SharedApplication& application;
     // The part of the desktop in the root's pixels; null where it can't be seen. May be empty.
     std::function<QImage(const QRect& pixels, const QScreen& screen)> captureDesktop{};
+    // Whether the user asked the desktop for less movement. May be empty.
+    std::function<bool()> reducesMotion{};
 };
 
 // The menu-bar item with the means that this desktop has for it, in the order in which they need each other. Made by

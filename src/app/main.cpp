@@ -91,7 +91,8 @@ int main(int argc, char* argv[]) {
                                                                        .application = sharedApplication},
                                                       SettingsWindowServices{.mainScreen = backends.mainScreen,
                                                                              .activation = backends.programActivation,
-                                                                             .colorScheme = backends.colorScheme});
+                                                                             .colorScheme = backends.colorScheme,
+                                                                             .motion = backends.motion});
     zelmo.appDelegate().applicationDidFinishLaunching();
     instances.listen([&](ApplicationRequest request, const QByteArray& activationToken) {
         backends.startupNotifier.complete(activationToken);
@@ -110,7 +111,8 @@ int main(int argc, char* argv[]) {
             menuBar.emplace(MenuBarServices{.store = zelmo.launcherStore(),
                                             .preferences = preferences,
                                             .application = sharedApplication,
-                                            .captureDesktop = captureDesktop});
+                                            .captureDesktop = captureDesktop,
+                                            .reducesMotion = [&] { return backends.motion.reducesMotion(); }});
         },
         Qt::QueuedConnection);
     const int exitCode = QGuiApplication::exec();

@@ -10,6 +10,7 @@ Item {
     required property MenuBarActions actions
     property real margin: 0
     property alias showsFocus: panel.showsFocus
+    property alias animates: panel.animates
 
     width: panel.width + 2 * scene.margin
     height: panel.height + 2 * scene.margin

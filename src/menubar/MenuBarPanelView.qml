@@ -11,6 +11,8 @@ FocusScope {
     readonly property bool openAtLoginLater: panel.actions.openAtLoginLater
     // Only for whom moves between the controls with keys.
     property bool showsFocus: false
+    // Off for users who want less movement.
+    property bool animates: true
 
     width: MenuBarMetrics.panelWidth
     height: rows.height + 2 * MenuBarMetrics.panelVerticalPadding
@@ -29,6 +31,7 @@ FocusScope {
                 emphasis: true
                 focus: true
                 showsFocus: panel.showsFocus
+                animates: panel.animates
                 onTriggered: panel.actions.toggleOverlay()
             }
         }
@@ -47,12 +50,14 @@ FocusScope {
                 anchors.horizontalCenter: parent.horizontalCenter
                 title: panel.actions.refreshTitle
                 showsFocus: panel.showsFocus
+                animates: panel.animates
                 onTriggered: panel.actions.refresh()
             }
             CapsuleButton {
                 anchors.horizontalCenter: parent.horizontalCenter
                 title: panel.actions.settingsTitle
                 showsFocus: panel.showsFocus
+                animates: panel.animates
                 onTriggered: panel.actions.showSettings()
             }
         }
@@ -62,6 +67,7 @@ FocusScope {
                 title: panel.actions.quitTitle
                 isDestructive: true
                 showsFocus: panel.showsFocus
+                animates: panel.animates
                 onTriggered: panel.actions.quit()
             }
         }

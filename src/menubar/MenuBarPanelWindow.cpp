@@ -49,6 +49,7 @@ void MenuBarPanelWindow::openAt(const StatusItemClick& click) {
     // Only then does it take a shape.
     create();
     rootObject()->setProperty("showsFocus", false);
+    rootObject()->setProperty("animates", !m_services.reducesMotion || !m_services.reducesMotion());
     if (auto* first = rootObject()->findChild<QQuickItem*>(QStringLiteral("overlayButton")))
         first->forceActiveFocus(Qt::PopupFocusReason);
     place(click);

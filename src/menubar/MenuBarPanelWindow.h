@@ -18,6 +18,8 @@ struct PanelServices {
     PanelDesktop& desktop;
     // The part of the desktop in the root's pixels; null where it can't be seen. May be empty.
     std::function<QImage(const QRect& pixels, const QScreen& screen)> captureDesktop{};
+    // Whether the user asked the desktop for less movement. May be empty.
+    std::function<bool()> reducesMotion{};
 };
 
 // The window that the menu-bar item opens beside itself. It has the keyboard while it is open, and closes when it

@@ -6,11 +6,15 @@ Item {
     id: style
 
     property bool isPressed: false
+    // Else it does so at once.
+    property bool animates: true
 
     scale: style.isPressed ? MenuBarMetrics.pressedScale : 1
     opacity: style.isPressed ? MenuBarMetrics.pressedOpacity : 1
 
     Behavior on scale {
+        enabled: style.animates
+
         NumberAnimation {
             duration: MenuBarMetrics.pressDuration
             easing.type: Easing.BezierSpline
@@ -18,6 +22,8 @@ Item {
         }
     }
     Behavior on opacity {
+        enabled: style.animates
+
         NumberAnimation {
             duration: MenuBarMetrics.pressDuration
             easing.type: Easing.BezierSpline

@@ -18,7 +18,7 @@ AppSettingsWindowController::~AppSettingsWindowController() = default;
 void AppSettingsWindowController::build() {
     // Of the title bar, which nobody knows before the window is up.
     constexpr int frameRoom = 48;
-    m_window = std::make_unique<SettingsWindow>(m_services, m_windowServices.colorScheme);
+    m_window = std::make_unique<SettingsWindow>(m_services, m_windowServices.colorScheme, m_windowServices.motion);
     QSize size(SettingsMetrics::windowWidth(), SettingsMetrics::windowHeight());
     const double textScale = SettingsMetrics::desktopTextScale();
     QSize least = QSize(SettingsMetrics::windowMinimumWidth(), SettingsMetrics::windowMinimumHeight()) * textScale;

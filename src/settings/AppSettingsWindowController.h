@@ -8,6 +8,7 @@ namespace zelmo {
 
 class ColorScheme;
 class MainScreen;
+class MotionPreference;
 class ProgramActivation;
 class SettingsWindow;
 
@@ -16,6 +17,7 @@ struct SettingsWindowServices {
     const MainScreen& mainScreen;
     ProgramActivation& activation;
     ColorScheme& colorScheme;
+    const MotionPreference& motion;
 };
 
 // Holds the one window of the settings, which is built when it is first shown and kept with its place and size from

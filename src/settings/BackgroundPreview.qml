@@ -27,10 +27,9 @@ Item {
             width: SettingsMetrics.previewWidth
             height: SettingsMetrics.previewHeight
 
-            SwatchMaterialItem {
+            DesktopBlurSwatchItem {
                 anchors.fill: parent
                 radius: SettingsMetrics.previewRadius
-                behind: preview.colors.group
                 visible: preview.setting.previewIsCovered
             }
             PlateItem {

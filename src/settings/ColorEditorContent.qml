@@ -80,10 +80,13 @@ FocusScope {
             stepSize: 1
             wheelEnabled: false
             value: 360 * picker.hue
-            onMoved: picker.hue = hue.value / 360
+            // By the pointer, a key or a screen reader; what comes from the picker is not rounded by going back to it.
+            onValueChanged: if (Math.abs(hue.value - 360 * picker.hue) > 0.01) picker.hue = hue.value / 360
 
             Accessible.role: Accessible.Slider
             Accessible.name: "Hue"
+            Accessible.onIncreaseAction: hue.increase()
+            Accessible.onDecreaseAction: hue.decrease()
 
             background: ColorFieldItem {
                 y: (hue.height - height) / 2

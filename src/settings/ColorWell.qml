@@ -11,6 +11,7 @@ T.Button {
 
     implicitWidth: SettingsMetrics.wellWidth
     implicitHeight: SettingsMetrics.wellHeight
+    focusPolicy: well.enabled ? Qt.StrongFocus : Qt.NoFocus
     Keys.onReturnPressed: well.clicked()
     Keys.onEnterPressed: well.clicked()
     onClicked: editor.visible ? editor.close() : editor.open()
@@ -19,6 +20,9 @@ T.Button {
     Accessible.role: Accessible.Button
     Accessible.name: well.setting.title
     Accessible.description: well.setting.hex
+    // The toolkit does not tell what is out of use.
+    Accessible.focusable: well.enabled
+    Accessible.onPressAction: if (well.enabled) well.clicked()
 
     background: Rectangle {
         radius: SettingsMetrics.controlRadius

@@ -5,6 +5,7 @@ SettingsSection {
     id: section
 
     required property ComingSoonSettings setting
+    required property bool animates
 
     title: "Coming Soon"
 
@@ -31,6 +32,8 @@ SettingsSection {
         clip: true
 
         Behavior on height {
+            enabled: section.animates
+
             NumberAnimation {
                 duration: SettingsMetrics.revealDuration
                 easing.type: Easing.BezierSpline
@@ -38,6 +41,8 @@ SettingsSection {
             }
         }
         Behavior on opacity {
+            enabled: section.animates
+
             NumberAnimation {
                 duration: SettingsMetrics.revealDuration
                 easing.type: Easing.BezierSpline

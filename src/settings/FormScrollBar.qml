@@ -12,6 +12,9 @@ T.ScrollBar {
     minimumSize: 0.1
     visible: bar.size < 1
 
+    // A screen reader goes from control to control.
+    Accessible.ignored: true
+
     contentItem: Rectangle {
         implicitWidth: SettingsMetrics.scrollBarWidth
         radius: width / 2

@@ -16,6 +16,8 @@ T.RadioButton {
 
     Accessible.role: Accessible.RadioButton
     Accessible.name: option.text
+    Accessible.onPressAction: option.clicked()
+    Accessible.onToggleAction: option.clicked()
 
     background: Rectangle {
         radius: SettingsMetrics.iconOptionRadius

@@ -24,6 +24,7 @@ T.ComboBox {
     Accessible.role: Accessible.ComboBox
     Accessible.name: picker.setting.title
     Accessible.description: picker.displayText
+    Accessible.onPressAction: picker.popup.visible ? picker.popup.close() : picker.popup.open()
 
     background: Rectangle {
         radius: SettingsMetrics.controlRadius
@@ -66,6 +67,15 @@ T.ComboBox {
         font.pixelSize: SettingsMetrics.bodySize
         text: item.modelData
         highlighted: picker.highlightedIndex === item.index
+
+        Accessible.role: Accessible.ListItem
+        Accessible.name: item.text
+        Accessible.selectable: true
+        Accessible.selected: picker.currentIndex === item.index
+        Accessible.onPressAction: {
+            picker.setting.index = item.index;
+            picker.popup.close();
+        }
 
         background: Rectangle {
             radius: SettingsMetrics.controlRadius - 1
@@ -110,6 +120,9 @@ T.ComboBox {
             colors: picker.colors
             model: picker.delegateModel
             currentIndex: picker.highlightedIndex
+
+            Accessible.role: Accessible.List
+            Accessible.name: picker.setting.title
         }
     }
 }

@@ -7,7 +7,8 @@ T.Button {
 
     required property SettingsPalette colors
 
-    implicitWidth: contentItem.implicitWidth + 2 * horizontalPadding
+    // Whole, so that its right edge is where those of the other controls are.
+    implicitWidth: Math.ceil(contentItem.implicitWidth) + 2 * horizontalPadding
     implicitHeight: SettingsMetrics.controlHeight
     horizontalPadding: SettingsMetrics.rowPadding
     font.pixelSize: SettingsMetrics.bodySize
@@ -16,6 +17,7 @@ T.Button {
 
     Accessible.role: Accessible.Button
     Accessible.name: button.text
+    Accessible.onPressAction: button.clicked()
 
     background: Rectangle {
         radius: SettingsMetrics.controlRadius

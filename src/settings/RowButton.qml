@@ -26,7 +26,8 @@ T.Button {
 
     Accessible.role: Accessible.Button
     Accessible.name: button.text
-    Accessible.description: button.caption
+    Accessible.onPressAction: button.clicked()
+    Accessible.description: button.isMarked ? "In use" : button.caption
 
     background: Rectangle {
         radius: SettingsMetrics.groupRadius

@@ -51,6 +51,8 @@ FocusScope {
 
                 Accessible.role: Accessible.RadioButton
                 Accessible.name: segment.text
+                Accessible.onPressAction: segment.clicked()
+                Accessible.onToggleAction: segment.clicked()
 
                 background: Rectangle {
                     radius: SettingsMetrics.controlRadius

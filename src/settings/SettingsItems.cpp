@@ -1,8 +1,6 @@
 #include "settings/SettingsItems.h"
 
 #include "appearance/AppIconStyle.h"
-#include "iconart/ContinuousRectangle.h"
-#include "iconart/Material.h"
 #include "iconart/ZelmoIconCanvas.h"
 
 #include <QPainter>
@@ -19,21 +17,6 @@ AppIconCanvasItem::AppIconCanvasItem() {
 void AppIconCanvasItem::paint(QPainter* painter) {
     const auto style = static_cast<AppIconStyle>(std::clamp(m_style, 0, appIconStyleCount - 1));
     ZelmoIconCanvas(style).paint(*painter, boundingRect().adjusted(m_margin, m_margin, -m_margin, -m_margin));
-}
-
-SwatchMaterialItem::SwatchMaterialItem() {
-    connect(this, &SwatchMaterialItem::changed, this, [this] { update(); });
-}
-
-void SwatchMaterialItem::paint(QPainter* painter) {
-    // A plain ground stays plain however it is blurred.
-    QImage ground(4, 4, QImage::Format_ARGB32_Premultiplied);
-    ground.fill(m_behind);
-    MaterialStyle style = MaterialStyle::ultraThin();
-    style.blurRadius = 0;
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->fillPath(continuousRectangle(boundingRect(), m_radius),
-                      throughMaterial(ground, 1, style).pixelColor(0, 0));
 }
 
 ColorFieldItem::ColorFieldItem() {

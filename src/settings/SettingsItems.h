@@ -25,25 +25,6 @@ private:
     qreal m_margin = 0;
 };
 
-// The ultra-thin material over a plain ground, in a rectangle with continuous corners.
-class SwatchMaterialItem : public QQuickPaintedItem {
-    Q_OBJECT
-    QML_ELEMENT
-    Q_PROPERTY(QColor behind MEMBER m_behind NOTIFY changed)
-    Q_PROPERTY(qreal radius MEMBER m_radius NOTIFY changed)
-
-public:
-    SwatchMaterialItem();
-    void paint(QPainter* painter) override;
-
-Q_SIGNALS:
-    void changed();
-
-private:
-    QColor m_behind = Qt::white;
-    qreal m_radius = 0;
-};
-
 // All colours of one hue: from grey to full across, from full to black down. Without a hue, all hues from the leading
 // side on.
 class ColorFieldItem : public QQuickPaintedItem {

@@ -1,5 +1,6 @@
 #include "settings/SettingsWindow.h"
 
+#include "overlay/MotionPreference.h"
 #include "settings/SettingsPalette.h"
 
 #include <QKeyEvent>
@@ -12,8 +13,8 @@ Q_IMPORT_QML_PLUGIN(Zelmo_SettingsPlugin)
 
 namespace zelmo {
 
-SettingsWindow::SettingsWindow(const SettingsServices& services, ColorScheme& scheme)
-    : m_services(services), m_scheme(scheme) {
+SettingsWindow::SettingsWindow(const SettingsServices& services, ColorScheme& scheme, const MotionPreference& motion)
+    : m_services(services), m_scheme(scheme), m_motion(motion) {
     setTitle(QStringLiteral("Zelmo Settings"));
     setFlags(Qt::Window | Qt::WindowStaysOnTopHint);
     for (const auto resized : {&QWindow::widthChanged, &QWindow::heightChanged})
@@ -38,7 +39,8 @@ void SettingsWindow::loadContent() {
     QQmlComponent component(m_engine.get(), QUrl(QStringLiteral("qrc:/Zelmo/Settings/ZelmoSettingsView.qml")));
     m_view.reset(qobject_cast<QQuickItem*>(
         component.createWithInitialProperties({{QStringLiteral("form"), QVariant::fromValue(m_form.get())},
-                                               {QStringLiteral("colors"), QVariant::fromValue(m_palette.get())}})));
+                                               {QStringLiteral("colors"), QVariant::fromValue(m_palette.get())},
+                                               {QStringLiteral("animates"), !m_motion.reducesMotion()}})));
     if (!m_view)
         qFatal("%s", qPrintable(component.errorString()));
     m_view->setParentItem(contentItem());

@@ -12,6 +12,7 @@ class QQmlEngine;
 namespace zelmo {
 
 class ColorScheme;
+class MotionPreference;
 class SettingsPalette;
 
 // The window of the settings. Its content exists while it is open: each opening starts with a fresh view, and a closed
@@ -20,8 +21,8 @@ class SettingsWindow : public QQuickWindow {
     Q_OBJECT
 
 public:
-    // Both outlive it.
-    SettingsWindow(const SettingsServices& services, ColorScheme& scheme);
+    // All of it outlives it.
+    SettingsWindow(const SettingsServices& services, ColorScheme& scheme, const MotionPreference& motion);
     ~SettingsWindow() override;
 
     // Does nothing while the window is open.
@@ -40,6 +41,7 @@ private:
 
     SettingsServices m_services;
     ColorScheme& m_scheme;
+    const MotionPreference& m_motion;
     std::unique_ptr<SettingsForm> m_form;
     std::unique_ptr<SettingsPalette> m_palette;
     std::unique_ptr<QQmlEngine> m_engine;

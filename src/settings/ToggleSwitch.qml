@@ -8,12 +8,20 @@ T.Switch {
 
     required property SettingsPalette colors
     required property string title
+    required property bool animates
 
     implicitWidth: SettingsMetrics.switchWidth
     implicitHeight: SettingsMetrics.switchHeight
 
     Accessible.role: Accessible.CheckBox
     Accessible.name: toggle.title
+    Accessible.onPressAction: toggle.throwOver()
+    Accessible.onToggleAction: toggle.throwOver()
+
+    function throwOver() {
+        toggle.toggle();
+        toggle.toggled();
+    }
 
     indicator: Rectangle {
         implicitWidth: SettingsMetrics.switchWidth
@@ -33,7 +41,7 @@ T.Switch {
             shadowOffset: SettingsMetrics.knobShadowOffset
 
             Behavior on x {
-                enabled: !toggle.pressed
+                enabled: toggle.animates && !toggle.pressed
 
                 NumberAnimation {
                     duration: SettingsMetrics.switchDuration

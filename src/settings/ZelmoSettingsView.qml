@@ -9,6 +9,8 @@ FocusScope {
 
     required property SettingsForm form
     required property SettingsPalette colors
+    // Off for users who want less movement.
+    required property bool animates
 
     focus: true
 
@@ -104,6 +106,7 @@ FocusScope {
                     ToggleSwitch {
                         colors: view.colors
                         title: "App Tile Backgrounds"
+                        animates: view.animates
                         checked: view.form.appearance.showsTileBackgrounds
                         onToggled: view.form.appearance.showsTileBackgrounds = checked
                     }
@@ -184,6 +187,7 @@ FocusScope {
             ComingSoonSection {
                 colors: view.colors
                 setting: view.form.comingSoon
+                animates: view.animates
             }
         }
     }

@@ -1,7 +1,8 @@
-#include "desktop/WallOnScreen.h"
+#include "desktop/TrayDesktop.h"
+
+#include <QTest>
 
 #include <array>
-#include <cmath>
 #include <xcb/xtest.h>
 
 using namespace zelmo;
@@ -9,139 +10,7 @@ using namespace zelmo::test;
 
 namespace {
 
-const QString panelTitle = QStringLiteral("Menu Panel");
 constexpr xcb_keysym_t upKey = 0xff52;
-
-// A desktop with a bar at the top, in which a tray shows the program's item.
-class TrayDesktop {
-public:
-    explicit TrayDesktop(const QString& trayProgram, const QString& windowManager = QStringLiteral("openbox"),
-                         int scale = 1)
-        : session(DesktopSession::start({.windowManager = windowManager})), m_trayProgram(trayProgram) {
-        if (!session)
-            qFatal("no desktop starts");
-        session->writeFile(QStringLiteral(".local/share/applications/calculator.desktop"),
-                           "[Desktop Entry]\nType=Application\nName=Calculator\nExec=xcalc\nStartupWMClass=XCalc\n");
-        session->writeFile(QStringLiteral(".config/xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml"), barOfXfce());
-        session->environment().insert(QStringLiteral("QT_SCALE_FACTOR"), QString::number(scale));
-    }
-
-    void startTray() {
-        // Without the system's own data, some can't read a picture.
-        const QString dataFolders = session->environment().value(QStringLiteral("XDG_DATA_DIRS"));
-        session->environment().insert(QStringLiteral("XDG_DATA_DIRS"), QStringLiteral("/usr/share"));
-        if (m_trayProgram == QLatin1StringView("trayer"))
-            tray = &session->startProgram(m_trayProgram,
-                                          QStringLiteral("--edge top --align right --widthtype percent --width 100 "
-                                                         "--height 28 --SetPartialStrut true --SetDockType true")
-                                              .split(u' '));
-        else
-            tray = &session->startProgram(m_trayProgram, {QStringLiteral("--disable-wm-check")});
-        session->environment().insert(QStringLiteral("XDG_DATA_DIRS"), dataFolders);
-    }
-    void endTray() const {
-        tray->kill();
-        tray->waitForFinished();
-    }
-    // With the wall, which opens by itself, put away.
-    bool startZelmo() {
-        zelmo = &session->startProgram(QStringLiteral(ZELMO_PROGRAM));
-        return waitForWall() && display().typeKey(escapeKey) && waitForNoWall();
-    }
-    bool startBoth() {
-        startTray();
-        return startZelmo() && waitForItem();
-    }
-
-    XDisplay& display() const { return session->display(); }
-    bool waitForWall() const {
-        return DesktopSession::waitFor([this] {
-            const auto place = display().geometry(display().focusedWindow());
-            return place == QRect(QPoint(0, 0), display().size()) && display().focusedWindow() != display().root();
-        });
-    }
-    // Nor what it shrinks into, which has an item's colours too.
-    bool waitForNoWall() const {
-        return DesktopSession::waitFor([this] {
-            const auto window = display().viewableWindow(QStringLiteral("Zelmo"));
-            const bool isGone = !window || display().geometry(*window) != QRect(QPoint(0, 0), display().size());
-            return isGone && !display().viewableWindow(QStringLiteral("Collapse"));
-        });
-    }
-    // The middle of the item: of its middle cell, in a colour that no bar has.
-    std::optional<QPoint> item() const {
-        const QImage screen = display().screenshot();
-        QPoint sum;
-        int count = 0;
-        for (int y = 0; y < barHeight; ++y) {
-            for (int x = 0; x < screen.width(); ++x) {
-                const QColor color = screen.pixelColor(x, y);
-                if (std::abs(color.red() - 242) < 8 && std::abs(color.green() - 191) < 8 &&
-                    std::abs(color.blue() - 94) < 8) {
-                    sum += QPoint(x, y);
-                    ++count;
-                }
-            }
-        }
-        return count > 3 ? std::optional(sum / count) : std::nullopt;
-    }
-    bool waitForItem() const {
-        return DesktopSession::waitFor([this] { return item().has_value(); });
-    }
-    bool waitForNoItem() const {
-        return DesktopSession::waitFor([this] { return !item().has_value(); });
-    }
-    std::optional<QRect> panel() const {
-        const auto window = display().viewableWindow(panelTitle);
-        return window ? display().geometry(*window) : std::nullopt;
-    }
-    // With the keyboard.
-    bool waitForPanel() const {
-        return DesktopSession::waitFor([this] {
-            const auto window = display().viewableWindow(panelTitle);
-            return window && display().focusedWindow() == *window;
-        });
-    }
-    bool waitForNoPanel() const {
-        return DesktopSession::waitFor([this] { return !panel(); });
-    }
-    bool openPanel() const {
-        display().click(*item());
-        return waitForPanel();
-    }
-
-    static constexpr int barHeight = 60;
-
-    std::unique_ptr<DesktopSession> session;
-    QProcess* tray = nullptr;
-    QProcess* zelmo = nullptr;
-
-private:
-    static QByteArray barOfXfce() {
-        return R"(<?xml version="1.0" encoding="UTF-8"?>
-<channel name="xfce4-panel" version="1.0">
-  <property name="configver" type="int" value="2"/>
-  <property name="panels" type="array">
-    <value type="int" value="1"/>
-    <property name="panel-1" type="empty">
-      <property name="position" type="string" value="p=6;x=0;y=0"/>
-      <property name="length" type="uint" value="100"/>
-      <property name="position-locked" type="bool" value="true"/>
-      <property name="size" type="uint" value="30"/>
-      <property name="plugin-ids" type="array">
-        <value type="int" value="1"/>
-      </property>
-    </property>
-  </property>
-  <property name="plugins" type="empty">
-    <property name="plugin-1" type="string" value="systray"/>
-  </property>
-</channel>
-)";
-    }
-
-    QString m_trayProgram;
-};
 
 } // namespace
 
@@ -278,7 +147,7 @@ private Q_SLOTS:
     void aStrictWindowManagerGivesThePanelTheFocus_data() { trays(); }
     void aStrictWindowManagerGivesThePanelTheFocus() {
         QFETCH(QString, tray);
-        TrayDesktop desktop(tray, QStringLiteral("metacity"));
+        TrayDesktop desktop(tray, {.windowManager = QStringLiteral("metacity")});
         QVERIFY(desktop.startBoth());
         desktop.session->startProgram(QStringLiteral("xcalc"));
         QVERIFY(DesktopSession::waitFor([&] { return desktop.display().activeClass() == QLatin1StringView("XCalc"); }));
@@ -293,7 +162,7 @@ private Q_SLOTS:
     void atTwoPixelsToThePointThePanelIsAtTheItem_data() { trays(); }
     void atTwoPixelsToThePointThePanelIsAtTheItem() {
         QFETCH(QString, tray);
-        TrayDesktop desktop(tray, QStringLiteral("openbox"), 2);
+        TrayDesktop desktop(tray, {}, 2);
         QVERIFY(desktop.startBoth());
         QVERIFY(desktop.openPanel());
         const QRect panel = *desktop.panel();
@@ -306,6 +175,35 @@ private Q_SLOTS:
         QVERIFY(std::abs(panel.center().x() - nearest) < 40);
         desktop.display().click(panel.center() + QPoint(panel.width() / 2 + 40, 400));
         QVERIFY(desktop.waitForNoPanel());
+    }
+
+    void onTwoMonitorsThePanelIsOnTheItemsOwn_data() {
+        QTest::addColumn<QString>("tray");
+        QTest::addColumn<Monitors>("monitors");
+        QTest::newRow("as a window") << QStringLiteral("trayer") << Monitors::leftPrimary;
+        // This one knows no monitor that has no output of the server, which has a single one: the primary has it.
+        QTest::newRow("on the bus") << QStringLiteral("xfce4-panel") << Monitors::rightPrimary;
+    }
+    void onTwoMonitorsThePanelIsOnTheItemsOwn() {
+        QFETCH(QString, tray);
+        QFETCH(Monitors, monitors);
+        TrayDesktop desktop(tray, {.screen = {1600, 700}, .monitors = monitors});
+        QVERIFY(desktop.startBoth());
+        const QRect right(800, 0, 800, 700);
+        QVERIFY(right.contains(*desktop.item()));
+        // Below the bar, which the desktop keeps free of windows.
+        const QRect workArea = right.adjusted(0, TrayDesktop::leastBarHeight, 0, 0);
+        for (int round = 0; round < 2; ++round) {
+            QVERIFY(desktop.openPanel());
+            const QRect panel = *desktop.panel();
+            QVERIFY(workArea.contains(panel));
+            QVERIFY(panel.top() < TrayDesktop::barHeight);
+            const int nearest = std::clamp(desktop.item()->x(), right.left() + 147, right.right() - 147);
+            QVERIFY(std::abs(panel.center().x() - nearest) < 20);
+            // Wherever the pointer has gone meanwhile.
+            desktop.display().click({200, 400});
+            QVERIFY(desktop.waitForNoPanel());
+        }
     }
 
     void withACompositorThePanelHasAShadow() {

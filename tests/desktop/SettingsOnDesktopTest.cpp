@@ -1,11 +1,8 @@
-#include "desktop/WallOnScreen.h"
+#include "desktop/SettingsOnScreen.h"
 #include "platform/linux/session/FakeService.h"
 #include "platform/linux/x11/OtherProgram.h"
 
-#include <QColor>
-#include <QDBusConnection>
 #include <QDBusMetaType>
-#include <QFile>
 
 using namespace zelmo::test;
 
@@ -13,155 +10,8 @@ using Namespaces = QMap<QString, QVariantMap>;
 
 namespace {
 
-constexpr xcb_keysym_t shiftKey = 0xffe1;
-constexpr xcb_keysym_t rightKey = 0xff53;
-constexpr xcb_keysym_t letterW = 0x0077;
 constexpr xcb_keycode_t spaceCode = 65;
 constexpr std::uint32_t iconicState = 3; // of a window that is put down
-
-// A desktop on which the program runs, with its wall put away again.
-class SettingsOnScreen {
-public:
-    explicit SettingsOnScreen(const DesktopOptions& options = {}) : session(DesktopSession::start(options)) {
-        if (!session)
-            return;
-        session->installEntry(QStringLiteral("Notes"));
-        session->installEntry(QStringLiteral("Mail"));
-        connection.emplace(QDBusConnection::connectToBus(
-            session->environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")), QStringLiteral("desktop")));
-    }
-    ~SettingsOnScreen() {
-        connection.reset();
-        QDBusConnection::disconnectFromBus(QStringLiteral("desktop"));
-    }
-    SettingsOnScreen(const SettingsOnScreen&) = delete;
-    SettingsOnScreen& operator=(const SettingsOnScreen&) = delete;
-
-    bool start(int cards) {
-        if (!session)
-            return false;
-        wall = std::make_unique<WallOnScreen>(*session);
-        return wall->waitForCards(cards) && wall->hide();
-    }
-    bool ask() {
-        QDBusMessage message = QDBusMessage::createMethodCall(
-            QStringLiteral("org.zelmo.Zelmo"), QStringLiteral("/org/zelmo/Zelmo"),
-            QStringLiteral("org.freedesktop.Application"), QStringLiteral("ActivateAction"));
-        message.setArguments({QStringLiteral("settings"), QVariant(QVariantList()), QVariantMap()});
-        return connection->call(message).type() == QDBusMessage::ReplyMessage;
-    }
-    std::optional<xcb_window_t> window() const {
-        return session->display().viewableWindow(QStringLiteral("Zelmo Settings"));
-    }
-    bool waitUntilShown() const {
-        return DesktopSession::waitFor([this] {
-            const auto shown = window();
-            return shown && session->display().focusedWindow() == *shown;
-        });
-    }
-    // With its form painted and ready for keys.
-    bool open() {
-        return ask() && waitUntilShown() && DesktopSession::waitFor([this] { return runsOfControls().size() >= 2; });
-    }
-    bool waitUntilGone() const {
-        return DesktopSession::waitFor([this] { return !window().has_value(); });
-    }
-    QRect place() const {
-        const auto shown = window();
-        return shown ? session->display().geometry(*shown).value_or(QRect()) : QRect();
-    }
-    QImage picture() const { return session->display().screenshot().copy(place()); }
-
-    // From top to bottom, the places of what is as grey as a list's button, some way from the right edge.
-    QList<QRect> runsOfControls() const {
-        const QImage shown = picture();
-        const int x = shown.width() - 40;
-        QList<QRect> runs;
-        for (int y = 0, first = -1; y < shown.height() && x > 0; ++y) {
-            const int gray = qGray(shown.pixel(x, y));
-            const bool isControl = gray > 236 && gray < 244 && shown.pixelColor(x, y).saturation() < 3;
-            if (isControl && first < 0)
-                first = y;
-            if (!isControl && first >= 0) {
-                if (y - first >= 20 && y - first <= 30)
-                    runs.append(QRect(place().left() + x, place().top() + first, 1, y - first));
-                first = -1;
-            }
-        }
-        return runs;
-    }
-    // Of letters, whose edges are mixed with their ground.
-    int orangePixels() const {
-        return count([](QRgb pixel) {
-            return qRed(pixel) > 150 && qRed(pixel) < 240 && qGreen(pixel) < 180 && qBlue(pixel) < 110 &&
-                   qRed(pixel) - qBlue(pixel) > 100;
-        });
-    }
-    int checkmarkPixels() const {
-        return count([](QRgb pixel) { return (pixel & 0xffffffU) == (qRgb(0x24, 0x8a, 0x3d) & 0xffffffU); });
-    }
-    QByteArray stored() const {
-        QFile file(session->home() + QStringLiteral("/.config/zelmo/preferences.plist"));
-        return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
-    }
-    void type(xcb_keysym_t key, int times = 1) const {
-        for (int i = 0; i < times; ++i)
-            session->display().typeKey(key);
-    }
-    void typeWith(xcb_keysym_t modifier, xcb_keysym_t key, int times = 1) const {
-        session->display().holdKey(modifier);
-        type(key, times);
-        session->display().releaseKey(modifier);
-    }
-    // What a property of a window holds.
-    QByteArray property(xcb_window_t window, const QByteArray& name) const {
-        xcb_connection_t* server = session->display().connection();
-        auto* atom = xcb_intern_atom_reply(
-            server, xcb_intern_atom(server, 0, static_cast<std::uint16_t>(name.size()), name.constData()), nullptr);
-        auto* reply = xcb_get_property_reply(
-            server, xcb_get_property(server, 0, window, atom->atom, XCB_GET_PROPERTY_TYPE_ANY, 0, 1U << 20U), nullptr);
-        QByteArray value(static_cast<const char*>(xcb_get_property_value(reply)), xcb_get_property_value_length(reply));
-        std::free(atom);
-        std::free(reply);
-        return value;
-    }
-    bool hasState(xcb_window_t window, const QByteArray& name) const {
-        xcb_connection_t* server = session->display().connection();
-        auto* atom = xcb_intern_atom_reply(
-            server, xcb_intern_atom(server, 0, static_cast<std::uint16_t>(name.size()), name.constData()), nullptr);
-        const QByteArray number(reinterpret_cast<const char*>(&atom->atom), sizeof atom->atom);
-        std::free(atom);
-        return property(window, "_NET_WM_STATE").contains(number);
-    }
-    // As a person does who drags it by its frame.
-    void moveWindow(const QRect& place) const {
-        const std::array<std::uint32_t, 4> values{
-            static_cast<std::uint32_t>(place.left()), static_cast<std::uint32_t>(place.top()),
-            static_cast<std::uint32_t>(place.width()), static_cast<std::uint32_t>(place.height())};
-        xcb_configure_window(session->display().connection(), *window(),
-                             XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH |
-                                 XCB_CONFIG_WINDOW_HEIGHT,
-                             values.data());
-        session->display().synchronize();
-    }
-
-private:
-    template <typename Predicate>
-    int count(Predicate predicate) const {
-        const QImage shown = picture();
-        int found = 0;
-        for (int y = 0; y < shown.height(); ++y) {
-            for (int x = 0; x < shown.width(); ++x)
-                found += predicate(shown.pixel(x, y)) ? 1 : 0;
-        }
-        return found;
-    }
-
-public:
-    std::unique_ptr<DesktopSession> session;
-    std::optional<QDBusConnection> connection;
-    std::unique_ptr<WallOnScreen> wall;
-};
 
 } // namespace
 
@@ -190,6 +40,18 @@ private Q_SLOTS:
         QVERIFY(settings.open());
         settings.typeWith(controlKey, letterW);
         QVERIFY(settings.waitUntilGone());
+    }
+
+    // As the program's entry in the desktop's menu has it.
+    void theDesktopsCommandForActionsOpensThem() {
+        SettingsOnScreen settings;
+        QVERIFY(settings.start(2));
+        QProcess& command = settings.session->startProgram(
+            QStringLiteral("gapplication"),
+            {QStringLiteral("action"), QStringLiteral("org.zelmo.Zelmo"), QStringLiteral("settings")});
+        QVERIFY(command.waitForFinished());
+        QCOMPARE(command.exitCode(), 0);
+        QVERIFY(settings.waitUntilShown());
     }
 
     void aBackgroundThatIsPickedIsStored() {
@@ -338,9 +200,9 @@ private Q_SLOTS:
         const xcb_window_t wall = *settings.session->display().viewableWindow(QStringLiteral("Zelmo"));
         QVERIFY(settings.wall->hide());
         QVERIFY(settings.open());
-        const QByteArray before = settings.property(*settings.window(), "_NET_WM_ICON");
+        const QByteArray before = settings.session->display().property(*settings.window(), "_NET_WM_ICON");
         QVERIFY(!before.isEmpty());
-        QCOMPARE(settings.property(wall, "_NET_WM_ICON"), before);
+        QCOMPARE(settings.session->display().property(wall, "_NET_WM_ICON"), before);
         // Past two lists, a colour, six sliders and a switch.
         settings.type(tabKey, 11);
         // One after the other: a window may keep the first.
@@ -350,8 +212,9 @@ private Q_SLOTS:
             QVERIFY(DesktopSession::waitFor([&] { return settings.stored().contains(style); }));
             QByteArray now;
             QVERIFY(DesktopSession::waitFor([&] {
-                now = settings.property(*settings.window(), "_NET_WM_ICON");
-                return !now.isEmpty() && now != last && now == settings.property(wall, "_NET_WM_ICON");
+                now = settings.session->display().property(*settings.window(), "_NET_WM_ICON");
+                return !now.isEmpty() && now != last &&
+                       now == settings.session->display().property(wall, "_NET_WM_ICON");
             }));
             last = now;
         }
@@ -379,6 +242,15 @@ private Q_SLOTS:
         QVERIFY(QRect(0, 0, 1024, 500).contains(settings.place()));
         QCOMPARE(settings.place().width(), 560);
         QVERIFY(settings.place().height() > 400);
+        // The wheel brings the end, where the one control of its kind is the button of the hidden apps.
+        QCOMPARE(settings.runsOfControls().size(), 2);
+        settings.session->display().movePointer(settings.place().center());
+        QVERIFY(DesktopSession::waitFor([&] {
+            const QImage before = settings.picture();
+            settings.session->display().wheelDown();
+            QTest::qWait(100);
+            return settings.picture() == before && settings.runsOfControls().size() == 1;
+        }));
     }
 
     void theyAreDarkWhereTheDesktopIs() {
@@ -401,6 +273,20 @@ private Q_SLOTS:
         QVERIFY(DesktopSession::waitFor([&] { return ground() > 200; }));
     }
 
+    void theDesktopsWishForLessMovementIsHeard() {
+        SettingsOnScreen settings;
+        QVERIFY(settings.start(2));
+        QVERIFY(settings.open());
+        // Slow machines may miss it now and then.
+        QVERIFY(DesktopSession::waitFor([&] { return placesOfTheKnob(settings).size() > 2; }));
+        settings.typeWith(controlKey, letterW);
+        QVERIFY(settings.waitUntilGone());
+        settings.session->writeFile(QStringLiteral(".config/kdeglobals"), "[KDE]\nAnimationDurationFactor=0\n");
+        QVERIFY(settings.open());
+        for (int i = 0; i < 4; ++i)
+            QCOMPARE(placesOfTheKnob(settings).size(), 2);
+    }
+
     void theProgramEndsWithItsSettingsOpen() {
         SettingsOnScreen settings;
         QVERIFY(settings.start(2));
@@ -412,6 +298,27 @@ private Q_SLOTS:
     }
 
 private:
+    // Where the left edge of the switch's knob is seen from a click on until it has crossed over.
+    static QSet<int> placesOfTheKnob(const SettingsOnScreen& settings) {
+        const QRect track(settings.place().topLeft() + QPoint(488, 508), QSize(36, 1));
+        const auto place = [&] {
+            const QImage row = settings.session->display().screenshot().copy(track);
+            int x = 0;
+            while (x < row.width() && qGray(row.pixel(x, 0)) < 250)
+                ++x;
+            return x;
+        };
+        constexpr int knobTravel = 16;
+        const int first = place();
+        QSet<int> seen{first};
+        settings.session->display().click(track.center());
+        DesktopSession::waitFor([&] {
+            const int now = place();
+            seen.insert(now);
+            return std::abs(now - first) == knobTravel;
+        });
+        return seen;
+    }
     static void windowManagers() {
         QTest::addColumn<QString>("windowManager");
         for (const char* name : {"openbox", "metacity"})

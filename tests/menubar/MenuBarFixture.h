@@ -2,8 +2,8 @@
 
 #include "menubar/MenuBarExtra.h"
 #include "menubar/PanelDesktop.h"
-#include "shell/SharedApplication.h"
 #include "support/CatalogFakes.h"
+#include "support/FakeSharedApplication.h"
 
 #include <QGuiApplication>
 #include <QPainter>
@@ -57,19 +57,10 @@ public:
     PanelWatch told;
 };
 
-class FakeSharedApplication : public SharedApplication {
-public:
-    void setActivationPolicy(ActivationPolicy) override {}
-    void setApplicationIconImage(std::function<QImage()>) override {}
-    void terminate() override { ++terminations; }
-
-    int terminations = 0;
-};
-
 // The item and its panel on fakes.
 class MenuBarFixture {
 public:
-    MenuBarPanelWindow& open(const StatusItemClick& click = {.place = QRect(400, 0, 22, 22)}) {
+    MenuBarPanelWindow& open(const StatusItemClick& click = {.place = QRect(400, 0, 22, 22)}) const {
         statusItem.click(click);
         if (!extra.panel() || !extra.panel()->isVisible() || !QTest::qWaitForWindowActive(extra.panel()))
             qFatal("no panel opens");
@@ -97,14 +88,18 @@ public:
     FakeSharedApplication application;
     QRect captured;
     QImage behind;
+    bool reducesMotion = false;
     MenuBarExtra extra{{.statusItem = statusItem,
                         .store = *store.store,
                         .preferences = *store.preferences,
                         .application = application,
-                        .panel = {.desktop = desktop, .captureDesktop = [this](const QRect& pixels, const QScreen&) {
-                                      captured = pixels;
-                                      return behind;
-                                  }}}};
+                        .panel = {.desktop = desktop,
+                                  .captureDesktop =
+                                      [this](const QRect& pixels, const QScreen&) {
+                                          captured = pixels;
+                                          return behind;
+                                      },
+                                  .reducesMotion = [this] { return reducesMotion; }}}};
 
 private:
     static void collect(QQuickItem* item, const char* type, const QString& title, QList<QQuickItem*>& found) {

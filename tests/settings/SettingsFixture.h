@@ -2,12 +2,13 @@
 
 #include "hotkey/LauncherHotKeyController.h"
 #include "overlay/MainScreen.h"
+#include "overlay/MotionPreference.h"
 #include "settings/AppSettingsWindowController.h"
 #include "settings/ColorScheme.h"
 #include "settings/ProgramActivation.h"
-#include "shell/SharedApplication.h"
 #include "support/CatalogFakes.h"
 #include "support/FakeHotKeyService.h"
+#include "support/FakeSharedApplication.h"
 
 #include <QGuiApplication>
 #include <QImage>
@@ -37,15 +38,6 @@ private:
     std::function<void()> m_handler;
 };
 
-class FakeSharedApplication : public SharedApplication {
-public:
-    void setActivationPolicy(ActivationPolicy) override {}
-    void setApplicationIconImage(std::function<QImage()> draw) override { icons.append(draw()); }
-    void terminate() override {}
-
-    QList<QImage> icons;
-};
-
 class FirstScreen : public MainScreen {
 public:
     QScreen* mainScreen() const override { return QGuiApplication::primaryScreen(); }
@@ -61,6 +53,13 @@ public:
     int count = 0;
 };
 
+class WishedMotion : public MotionPreference {
+public:
+    bool reducesMotion() const override { return reduces; }
+
+    bool reduces = false;
+};
+
 // All that the settings change, on fakes.
 struct SettingsFixture {
     explicit SettingsFixture(const PreferenceValues& values = {}) : catalog({}, values) {}
@@ -72,7 +71,7 @@ struct SettingsFixture {
                 .application = application};
     }
     SettingsWindowServices windowServices() {
-        return {.mainScreen = screen, .activation = activation, .colorScheme = scheme};
+        return {.mainScreen = screen, .activation = activation, .colorScheme = scheme, .motion = motion};
     }
     template <PreferenceKey key>
     PreferenceType<key> value() const {
@@ -91,6 +90,7 @@ struct SettingsFixture {
     FakeColorScheme scheme;
     FirstScreen screen;
     CountedActivation activation;
+    WishedMotion motion;
 };
 
 } // namespace zelmo::test

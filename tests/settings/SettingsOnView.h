@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SettingsFixture.h"
+#include "settings/SettingsFixture.h"
 #include "settings/SettingsWindow.h"
 
 #include <QAccessible>

@@ -206,10 +206,11 @@ QList<xcb_window_t> XDisplay::activationRequests() const {
 }
 
 QByteArray XDisplay::property(xcb_window_t window, const QByteArray& name) const {
-    const Owned<xcb_get_property_reply_t> reply(xcb_get_property_reply(
-        m_connection,
-        xcb_get_property(m_connection, 0, window, atomNamed(m_connection, name), XCB_GET_PROPERTY_TYPE_ANY, 0, 1024),
-        nullptr));
+    const Owned<xcb_get_property_reply_t> reply(
+        xcb_get_property_reply(m_connection,
+                               xcb_get_property(m_connection, 0, window, atomNamed(m_connection, name),
+                                                XCB_GET_PROPERTY_TYPE_ANY, 0, 1U << 18U),
+                               nullptr));
     return reply ? QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())),
                               xcb_get_property_value_length(reply.get()))
                  : QByteArray();

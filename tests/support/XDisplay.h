@@ -46,6 +46,8 @@ public:
     void watchActivationRequests() const;
     QList<xcb_window_t> activationRequests() const;
     bool keyboardIsGrabbed() const;
+    // What a property of a window holds; of a larger one its first megabyte.
+    QByteArray property(xcb_window_t window, const QByteArray& name) const;
     // Whether some program has the selection with this name.
     bool hasOwner(const QByteArray& selection) const;
 
@@ -74,7 +76,6 @@ private:
     void pressButton(std::uint8_t button) const;
     void sendKey(xcb_keycode_t code, bool press) const;
     void sendToWindowManager(xcb_window_t window, const QByteArray& type, std::uint32_t first) const;
-    QByteArray property(xcb_window_t window, const QByteArray& name) const;
 
     xcb_connection_t* m_connection;
     xcb_screen_t* m_screen;
