@@ -8,12 +8,15 @@ namespace {
 
 // Bytes. The icons of cards stay below; pictures of panels and screens are above.
 constexpr int largeBlock = 512 * 1024;
+// Threads that decode icons work for a moment; each one's own store of memory would stay as large as it once was.
+constexpr int stores = 2;
 
 } // namespace
 
 void returnLargeBlocks() {
-    // Once set, it no longer grows with the largest block that was freed.
+    // Once set, the limit no longer grows with the largest block that was freed.
     mallopt(M_MMAP_THRESHOLD, largeBlock);
+    mallopt(M_ARENA_MAX, stores);
 }
 
 } // namespace zelmo
