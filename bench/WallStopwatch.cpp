@@ -107,7 +107,7 @@ private:
     }
     void hide(Figures& figures) {
         m_damage.clear();
-        hideWall(m_session);
+        m_session.display().typeKey(test::escapeKey);
         const auto frames = framesOf(m_damage.collect(100ms, 400ms));
         for (std::size_t i = 1; i < frames.size(); ++i)
             figures.hideFrame.add(milliseconds(frames[i] - frames[i - 1]));
