@@ -48,14 +48,6 @@ void installApplications(const test::DesktopSession& session, int count) {
                       "[Icon Theme]\nName=Hicolor\nDirectories=128x128/apps\n[128x128/apps]\nSize=128\nType=Fixed\n");
 }
 
-double proportionalMemory(qint64 process) {
-    return numberNamed(contents(QStringLiteral("/proc/%1/smaps_rollup").arg(process)), "Pss:") / 1024;
-}
-
-double ownMemory(qint64 process) {
-    return numberNamed(contents(QStringLiteral("/proc/%1/smaps_rollup").arg(process)), "Private_Dirty:") / 1024;
-}
-
 Effort effortOf(qint64 process) {
     Effort effort;
     const QDir threads(QStringLiteral("/proc/%1/task").arg(process));

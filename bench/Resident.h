@@ -7,11 +7,6 @@ namespace zelmo::bench {
 // As many applications as asked for, each with an icon of its own.
 void installApplications(const test::DesktopSession& session, int count);
 
-// Of a process, in MiB.
-double proportionalMemory(qint64 process);
-// In MiB: what would be given back if the process ended, but for files that are only read.
-double ownMemory(qint64 process);
-
 // What a process has used since it began, all its threads together.
 struct Effort {
     double processorMilliseconds = 0;

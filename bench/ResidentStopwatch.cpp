@@ -5,6 +5,7 @@
 #include "bench/Figure.h"
 #include "bench/Resident.h"
 #include "support/DesktopSession.h"
+#include "support/ProcessMemory.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
@@ -41,6 +42,7 @@ int main(int argc, char* argv[]) {
     DamageClock damage(session->displayName());
     const QProcess& process = session->startProgram(program);
     const auto isShown = [&] { return session->display().viewableWindow(QStringLiteral("Zelmo")).has_value(); };
+    const auto memory = [&] { return test::ProcessMemory::of(process.processId()); };
     const auto rest = [&] { damage.collect(300ms, 5s); };
     if (!test::DesktopSession::waitFor(isShown))
         return 1;
@@ -49,8 +51,8 @@ int main(int argc, char* argv[]) {
     out << "| shows | proportional memory, MiB | memory of its own, MiB |\n|---|---|---|\n";
     const auto printMemory = [&](int count) {
         rest();
-        out << "| " << count << " | " << QString::number(proportionalMemory(process.processId()), 'f', 1) << " | "
-            << QString::number(ownMemory(process.processId()), 'f', 1) << " |\n";
+        out << "| " << count << " | " << QString::number(memory().proportional, 'f', 1) << " | "
+            << QString::number(memory().own, 'f', 1) << " |\n";
         out.flush();
     };
     printMemory(1);
@@ -86,9 +88,8 @@ int main(int argc, char* argv[]) {
 
     out << "\n| resident, " << applicationCount << " applications | |\n|---|---|\n"
         << "| second start, from start to end, ms | " << secondStart.text(1) << " |\n"
-        << "| hidden: proportional memory, memory of its own, MiB | "
-        << QString::number(proportionalMemory(process.processId()), 'f', 1) << ", "
-        << QString::number(ownMemory(process.processId()), 'f', 1) << " |\n"
+        << "| hidden: proportional memory, memory of its own, MiB | " << QString::number(memory().proportional, 'f', 1)
+        << ", " << QString::number(memory().own, 'f', 1) << " |\n"
         << "| idle for " << seconds << " s: wake-ups a minute | "
         << QString::number((after.pauses - before.pauses) / minutes, 'f', 1) << " |\n"
         << "| idle for " << seconds << " s: processor time a minute, ms | "

@@ -5,6 +5,7 @@
 #include "bench/Figure.h"
 #include "bench/Resident.h"
 #include "support/DesktopSession.h"
+#include "support/ProcessMemory.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -69,7 +70,7 @@ void measureOnce(test::DesktopSession& session, const Launcher& launcher, Figure
     timeKey(test::backspaceKey, warmUp);
     timeKey('7', figures.key);
     timeKey(test::backspaceKey, figures.keyBack);
-    figures.memory.add(proportionalMemory(process.processId()));
+    figures.memory.add(test::ProcessMemory::of(process.processId()).proportional);
     for (int show = 0; launcher.isResident && show < showsPerRun; ++show) {
         if (!hideWall(session))
             return;

@@ -41,7 +41,9 @@ BlurPlane channel(const QImage& picture, unsigned shift, int margin) {
         const int row = std::clamp(y - margin, 0, picture.height() - 1);
         const auto* source = reinterpret_cast<const QRgb*>(picture.constScanLine(row));
         std::uint16_t* target = plane.row(y);
-        const auto value = [shift](QRgb color) { return static_cast<std::uint16_t>(((color >> shift) & 0xffU) * fine); };
+        const auto value = [shift](QRgb color) {
+            return static_cast<std::uint16_t>(((color >> shift) & 0xffU) * fine);
+        };
         std::fill_n(target, margin, value(source[0]));
         std::transform(source, source + picture.width(), target + margin, value);
         std::fill_n(target + margin + picture.width(), margin, value(source[picture.width() - 1]));
@@ -58,7 +60,7 @@ public:
         const std::array<float, 3> tint{style.tint.redF(), style.tint.greenF(), style.tint.blueF()};
         std::transform(tint.begin(), tint.end(), m_tint.begin(), [this](float value) {
             return static_cast<int>(std::lround(255 * fine * grayOne * static_cast<double>(value))) *
-                (coverOne - m_rest);
+                   (coverOne - m_rest);
         });
     }
 
@@ -92,10 +94,9 @@ QImage toned(const QImage& picture, const MaterialStyle& style) {
     QImage result(picture.size(), QImage::Format_RGB32);
     for (int y = 0; y < result.height(); ++y) {
         const auto* source = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
-        std::transform(source, source + result.width(), reinterpret_cast<QRgb*>(result.scanLine(y)),
-                       [&toning](QRgb color) {
-                           return toning(qRed(color) * fine, qGreen(color) * fine, qBlue(color) * fine);
-                       });
+        std::transform(
+            source, source + result.width(), reinterpret_cast<QRgb*>(result.scanLine(y)),
+            [&toning](QRgb color) { return toning(qRed(color) * fine, qGreen(color) * fine, qBlue(color) * fine); });
     }
     return result;
 }

@@ -19,16 +19,18 @@ namespace zelmo {
 namespace {
 
 // From where to where a gradient runs.
-QLineF way(GradientDirection direction, const QRectF& area) {
+QLineF way(GradientDirection direction, const QRectF& area, bool isMirrored) {
+    const double leading = isMirrored ? area.right() : area.left();
+    const double trailing = isMirrored ? area.left() : area.right();
     switch (direction) {
     case GradientDirection::diagonal:
-        return {area.topLeft(), area.bottomRight()};
+        return {leading, area.top(), trailing, area.bottom()};
     case GradientDirection::down:
         return {area.topLeft(), area.bottomLeft()};
     case GradientDirection::across:
         break;
     }
-    return {area.topLeft(), area.topRight()};
+    return {leading, area.top(), trailing, area.top()};
 }
 
 ShadowStyle inPixels(const ShadowStyle& shadow, double scale) {
@@ -139,7 +141,8 @@ void spreadOver(QImage& image, const QImage& mask, const QList<QColor>& stops, c
 }
 
 // Fills a path of points. The gradient runs over the area.
-void fill(QImage& image, double scale, const QPainterPath& path, const PlateColors& colors, const QRectF& area) {
+void fill(QImage& image, double scale, const QPainterPath& path, const PlateColors& colors, const QRectF& area,
+          bool isMirrored) {
     if (isClear(colors))
         return;
     const bool isPlain = colors.stops.size() == 1;
@@ -155,7 +158,8 @@ void fill(QImage& image, double scale, const QPainterPath& path, const PlateColo
         painter.fillPath(path, isPlain ? colors.stops.first() : QColor(Qt::black));
     }
     if (!isPlain)
-        spreadOver(image, mask, colors.stops, QTransform::fromScale(scale, scale).map(way(colors.direction, area)));
+        spreadOver(image, mask, colors.stops,
+                   QTransform::fromScale(scale, scale).map(way(colors.direction, area, isMirrored)));
 }
 
 // Larger by as many copies of the middle column and the middle row as it takes.
@@ -182,7 +186,7 @@ QImage stretched(const QImage& picture, QSize size) {
 std::size_t qHash(const PlateStyle& style, std::size_t seed) {
     seed = hashOf(style.stroke, hashOf(style.fill, seed));
     return qHashMulti(seed, style.radius, style.strokeWidth, style.shadow.opacity, style.shadow.radius,
-                      style.shadow.offset);
+                      style.shadow.offset, style.isMirrored);
 }
 
 int plateMargin(const PlateStyle& style, double scale) {
@@ -199,13 +203,13 @@ QImage paintPlate(QSizeF size, double scale, const PlateStyle& style) {
         return {};
     image.fill(Qt::transparent);
     const QRectF area(QPointF(), size);
-    fill(image, scale, continuousRectangle(area, style.radius), style.fill, area);
+    fill(image, scale, continuousRectangle(area, style.radius), style.fill, area, style.isMirrored);
     if (const double width = style.strokeWidth; width > 0) {
         // Between two outlines: a pen would work its own out from each piece of the corners.
         QPainterPath ring = continuousRectangle(area, style.radius);
         if (const QRectF inside = area.adjusted(width, width, -width, -width); inside.isValid())
             ring.addPath(continuousRectangle(inside, style.radius - width));
-        fill(image, scale, ring, style.stroke, area);
+        fill(image, scale, ring, style.stroke, area, style.isMirrored);
     }
     return style.shadow.opacity > 0 ? withShadow(image, inPixels(style.shadow, scale)) : image;
 }

@@ -25,6 +25,7 @@ struct PlateStyle {
     PlateColors stroke{};
     double strokeWidth = 0; // inside the edge
     ShadowStyle shadow{};
+    bool isMirrored = false; // the leading side is the right one
 
     friend bool operator==(const PlateStyle&, const PlateStyle&) = default;
 };

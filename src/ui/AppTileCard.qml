@@ -59,6 +59,7 @@ PlateItem {
         anchors.fill: parent
         z: -1
         radius: card.selected ? card.style.layout.selectedRadius : card.style.layout.plateRadius
+        mirrored: card.LayoutMirroring.enabled
         colors: card.selected ? CardMetrics.selectedColors : [card.style.plateFill]
         strokeColors: [card.selected ? CardMetrics.selectedOutline : card.style.plateOutline]
         strokeWidth: card.selected ? CardMetrics.outlineWidth : card.style.plateOutlineWidth

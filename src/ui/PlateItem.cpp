@@ -40,7 +40,8 @@ PlateStyle PlateItem::style() const {
             .fill = {m_colors, static_cast<GradientDirection>(m_direction)},
             .stroke = {m_strokeColors, static_cast<GradientDirection>(m_strokeDirection)},
             .strokeWidth = m_strokeWidth,
-            .shadow = {.opacity = m_shadowOpacity, .radius = m_shadowRadius, .offset = m_shadowOffset}};
+            .shadow = {.opacity = m_shadowOpacity, .radius = m_shadowRadius, .offset = m_shadowOffset},
+            .isMirrored = m_mirrored};
 }
 
 bool PlateItem::contains(const QPointF& point) const {

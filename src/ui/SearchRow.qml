@@ -18,6 +18,7 @@ PlateItem {
     PlateItem {
         anchors.fill: parent
         radius: HeaderMetrics.searchRadius
+        mirrored: row.LayoutMirroring.enabled
         colors: HeaderMetrics.searchWash
         strokeColors: [HeaderMetrics.searchOutline]
     }
@@ -33,6 +34,7 @@ PlateItem {
         width: HeaderMetrics.searchBadgeSide
         height: width
         radius: width / 2
+        mirrored: row.LayoutMirroring.enabled
         colors: HeaderMetrics.searchBadgeColors
 
         SymbolItem {

@@ -27,6 +27,7 @@ PlateItem {
     width: CardMetrics.badgeSide
     height: width
     radius: width / 2
+    mirrored: badge.LayoutMirroring.enabled
     colors: badge.isSelected ? CardMetrics.badgeSelectedColors : CardMetrics.badgeColors
     strokeColors: [CardMetrics.badgeOutline]
     shadowOpacity: CardMetrics.badgeShadowOpacity

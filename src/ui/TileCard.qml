@@ -7,6 +7,7 @@ AppTileCard {
     PlateItem {
         anchors.fill: parent
         z: -2
+        mirrored: card.LayoutMirroring.enabled
         colors: card.tileColors
 
         Rectangle {

@@ -1,4 +1,5 @@
 #include "desktop/WallOnScreen.h"
+#include "support/ProcessMemory.h"
 
 using namespace zelmo::test;
 
@@ -159,6 +160,32 @@ private Q_SLOTS:
             return bottomIsFree && topIsFree;
         }));
         QVERIFY(wasOnItsWay);
+    }
+
+    // The first ones may set up what the later ones use again.
+    void showsLeaveNoMemoryBehind() {
+        const auto session = DesktopSession::start({.screen = {1920, 1080}});
+        QVERIFY(session);
+        for (int i = 0; i < 40; ++i)
+            session->installEntry(QStringLiteral("App %1").arg(i));
+        const WallOnScreen wall(*session);
+        QVERIFY(wall.waitUntilPainted());
+        const auto showAgain = [&](int count) {
+            for (int i = 0; i < count; ++i) {
+                if (!wall.hide())
+                    return false;
+                wall.pressShortcut(altKey);
+                if (!wall.waitUntilShown())
+                    return false;
+            }
+            return wall.waitUntilPainted();
+        };
+        QVERIFY(showAgain(15));
+        const double before = ProcessMemory::of(wall.process.processId()).own;
+        QVERIFY(before > 0);
+        QVERIFY(showAgain(45));
+        const double growth = ProcessMemory::of(wall.process.processId()).own - before;
+        QVERIFY2(growth < 2, qPrintable(QString::number(growth)));
     }
 
 private:

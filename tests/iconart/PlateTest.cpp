@@ -35,6 +35,17 @@ private Q_SLOTS:
         QVERIFY(std::abs(image.pixelColor(50, 30).red() - 100) < 5);
     }
 
+    void mirroredItRunsFromTheRight() {
+        for (const auto direction : {GradientDirection::diagonal, GradientDirection::across}) {
+            const QImage image = paintPlate({100, 60}, 1, {.fill = {{left, right}, direction}, .isMirrored = true});
+            QVERIFY(image.pixelColor(99, 0).red() > 195);
+            QVERIFY(image.pixelColor(0, 59).blue() > 195);
+        }
+        const QImage down =
+            paintPlate({100, 60}, 1, {.fill = {{left, right}, GradientDirection::down}, .isMirrored = true});
+        QVERIFY(down.pixelColor(50, 0).red() > 195);
+    }
+
     void threeStopsStandEvenly() {
         const QImage image =
             paintPlate({101, 10}, 1, {.fill = {{Qt::red, Qt::green, Qt::blue}, GradientDirection::across}});

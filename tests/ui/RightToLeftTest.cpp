@@ -1,4 +1,5 @@
 #include "ui/KeyFixture.h"
+#include "ui/PlateItem.h"
 
 using namespace zelmo;
 using namespace zelmo::test;
@@ -27,6 +28,21 @@ private Q_SLOTS:
         QVERIFY(badge);
         QTRY_COMPARE(badge->scale(), 1.0);
         QCOMPARE(wall.place(badge).right(), wall.place(wall.card(0)).right() - 10);
+    }
+
+    void gradientsBeginAtTheRight() {
+        WallFixture wall(2, {{QStringLiteral("launcherInterfaceStyle"), QStringLiteral("tiles")}});
+        QVERIFY(wall.waitForCards(2));
+        int gradients = 0;
+        for (QQuickItem* plate : wall.items("zelmo::PlateItem")) {
+            const int direction = plate->property("direction").toInt();
+            if (plate->property("colors").value<QList<QColor>>().size() < 2 || direction == PlateItem::Down)
+                continue;
+            ++gradients;
+            QVERIFY(plate->property("mirrored").toBool());
+        }
+        // Of the search row two, of its buttons two, of the chosen chip and of each tile.
+        QVERIFY2(gradients >= 6, qPrintable(QString::number(gradients)));
     }
 
     void arrowsGoTheOtherWay() {

@@ -260,6 +260,31 @@ private Q_SLOTS:
         QTRY_VERIFY(number(fixture.area(), "contentY") > 20);
     }
 
+    void aFingerScrollsAndATapOfItLaunches() {
+        WallFixture fixture(200);
+        QVERIFY(QTest::qWaitFor([&] { return fixture.card(0); }));
+        const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
+        const QPoint start = fixture.place(fixture.card(14)).center().toPoint();
+        QTest::touchEvent(&fixture.window, screen.get()).press(0, start);
+        for (int moved = 10; moved <= 300; moved += 10) {
+            QTest::qWait(2);
+            QTest::touchEvent(&fixture.window, screen.get()).move(0, start - QPoint(0, moved));
+        }
+        QTRY_VERIFY(number(fixture.area(), "contentY") > 200);
+        // At rest before it is lifted: it lets go where it is.
+        QTest::qWait(150);
+        QTest::touchEvent(&fixture.window, screen.get()).move(0, start - QPoint(0, 300));
+        QTest::touchEvent(&fixture.window, screen.get()).release(0, start - QPoint(0, 300));
+        QTRY_VERIFY(!fixture.area()->property("moving").toBool());
+        QVERIFY(fixture.store.log.isEmpty());
+
+        fixture.store.store->showOverlay();
+        fixture.store.log.clear();
+        QTest::touchEvent(&fixture.window, screen.get()).press(0, start);
+        QTest::touchEvent(&fixture.window, screen.get()).release(0, start);
+        QTRY_VERIFY(fixture.store.log.value(0).startsWith(QStringLiteral("open ")));
+    }
+
     void nothingIsWarnedOf() {
         QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
         for (const char* style : {"grid", "list", "minimal", "tiles"}) {
