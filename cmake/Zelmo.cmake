@@ -1,5 +1,14 @@
 # How every target of the project is built: warnings, sanitizers, precompiled headers.
 
+# What is handed out is hardened as the distributions ask, and is the same whichever folder it was built in.
+set(release "$<CONFIG:Release>")
+add_compile_options(
+    "$<${release}:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>"
+    "$<${release}:-fstack-protector-strong>"
+    # Some compilers define another level by themselves.
+    "$<${release}:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
+add_link_options("$<${release}:LINKER:-z,relro,-z,now>")
+
 add_library(zelmo_options INTERFACE)
 target_compile_options(zelmo_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsuggest-override
