@@ -3,6 +3,7 @@
 #include "platform/linux/x11/OtherProgram.h"
 
 #include <QDBusMetaType>
+#include <QSettings>
 
 using namespace zelmo::test;
 
@@ -43,12 +44,17 @@ private Q_SLOTS:
     }
 
     // As the program's entry in the desktop's menu has it.
-    void theDesktopsCommandForActionsOpensThem() {
+    // As a desktop does that starts an entry's actions without the bus.
+    void theActionOfTheDesktopEntryOpensThem() {
+        QSettings entry(QStringLiteral(ZELMO_DESKTOP_ENTRY), QSettings::IniFormat);
+        QVERIFY(entry.value(QStringLiteral("Desktop Entry/Actions")).toString().split(u';').contains(u"settings"));
+        QStringList words =
+            QProcess::splitCommand(entry.value(QStringLiteral("Desktop Action settings/Exec")).toString());
+        QVERIFY(!words.isEmpty());
         SettingsOnScreen settings;
         QVERIFY(settings.start(2));
-        QProcess& command = settings.session->startProgram(
-            QStringLiteral("gapplication"),
-            {QStringLiteral("action"), QStringLiteral("org.zelmo.Zelmo"), QStringLiteral("settings")});
+        const QString program = words.takeFirst();
+        QProcess& command = settings.session->startProgram(program, words);
         QVERIFY(command.waitForFinished());
         QCOMPARE(command.exitCode(), 0);
         QVERIFY(settings.waitUntilShown());
