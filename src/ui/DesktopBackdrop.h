@@ -8,8 +8,8 @@
 
 namespace zelmo {
 
-// The desktop behind the wall as it looked when the wall opened, seen through the wall's material. It is worked out by a
-// thread of its own while the window comes up. Owned by the wall's content; main thread, or the drawing thread while
+// The desktop behind the wall as it looked when the wall opened, seen through the wall's material. It is worked out by
+// a thread of its own while the window comes up. Owned by the wall's content; main thread, or the drawing thread while
 // the scene is synchronized.
 class DesktopBackdrop : public QObject {
     Q_OBJECT
