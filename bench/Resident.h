@@ -19,5 +19,6 @@ Effort effortOf(qint64 process);
 void pressShortcut(const test::XDisplay& display);
 // Presses Escape and waits until the wall has shrunk away. False when it does not.
 bool hideWall(const test::DesktopSession& session);
+bool waitUntilHidden(const test::DesktopSession& session);
 
 } // namespace zelmo::bench

@@ -21,6 +21,7 @@ namespace {
 
 constexpr int applicationCount = 200;
 constexpr int defaultShows = 100;
+constexpr int fewShows = 20; // by then all is set up that is used again
 constexpr int secondStarts = 11;
 constexpr unsigned long secondsUntilThreadsEnd = 35;
 
@@ -42,7 +43,10 @@ int main(int argc, char* argv[]) {
     DamageClock damage(session->displayName());
     const QProcess& process = session->startProgram(program);
     const auto isShown = [&] { return session->display().viewableWindow(QStringLiteral("Zelmo")).has_value(); };
-    const auto memory = [&] { return test::ProcessMemory::of(process.processId()); };
+    const auto memory = [&] {
+        const auto used = test::ProcessMemory::of(process.processId());
+        return QString::number(used.proportional, 'f', 1) + u" | " + QString::number(used.own, 'f', 1);
+    };
     const auto rest = [&] { damage.collect(300ms, 5s); };
     if (!test::DesktopSession::waitFor(isShown))
         return 1;
@@ -51,8 +55,7 @@ int main(int argc, char* argv[]) {
     out << "| shows | proportional memory, MiB | memory of its own, MiB |\n|---|---|---|\n";
     const auto printMemory = [&](int count) {
         rest();
-        out << "| " << count << " | " << QString::number(memory().proportional, 'f', 1) << " | "
-            << QString::number(memory().own, 'f', 1) << " |\n";
+        out << "| " << count << " | " << memory() << " |\n";
         out.flush();
     };
     printMemory(1);
@@ -62,7 +65,7 @@ int main(int argc, char* argv[]) {
         pressShortcut(session->display());
         if (!test::DesktopSession::waitFor(isShown))
             return 1;
-        if (i == std::min(20, shows) || i % std::max(shows / 10, 20) == 0)
+        if (i == std::min(fewShows, shows) || i % std::max(shows / 10, fewShows) == 0)
             printMemory(i + 1);
     }
 
@@ -79,6 +82,7 @@ int main(int argc, char* argv[]) {
     rest();
     if (!hideWall(*session))
         return 1;
+    out << "| hidden | " << memory() << " |\n";
     // What threads have done is known as long as they live, and those that have no more work end by then.
     QThread::sleep(secondsUntilThreadsEnd);
     const Effort before = effortOf(process.processId());
@@ -88,8 +92,6 @@ int main(int argc, char* argv[]) {
 
     out << "\n| resident, " << applicationCount << " applications | |\n|---|---|\n"
         << "| second start, from start to end, ms | " << secondStart.text(1) << " |\n"
-        << "| hidden: proportional memory, memory of its own, MiB | " << QString::number(memory().proportional, 'f', 1)
-        << ", " << QString::number(memory().own, 'f', 1) << " |\n"
         << "| idle for " << seconds << " s: wake-ups a minute | "
         << QString::number((after.pauses - before.pauses) / minutes, 'f', 1) << " |\n"
         << "| idle for " << seconds << " s: processor time a minute, ms | "

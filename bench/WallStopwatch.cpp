@@ -111,6 +111,8 @@ private:
         const auto frames = framesOf(m_damage.collect(100ms, 400ms));
         for (std::size_t i = 1; i < frames.size(); ++i)
             figures.hideFrame.add(milliseconds(frames[i] - frames[i - 1]));
+        // A wall that is shown before goes all the same.
+        waitUntilHidden(m_session);
     }
     // One step after another without waiting, as a wheel that is spun.
     void scrollByWheel(Figures& figures) {

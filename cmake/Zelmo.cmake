@@ -59,3 +59,12 @@ function(zelmo_test name)
         TIMEOUT 120
         ENVIRONMENT "${environment}")
 endfunction()
+
+# zelmo_generated_qml(LIBRARY), after qt_add_qml_module for it. What the QML compiler writes is not ours to keep free of
+# warnings, and is the same in every folder.
+function(zelmo_generated_qml library)
+    get_target_property(sources ${library} SOURCES)
+    list(FILTER sources INCLUDE REGEX "qmlcache|_qmltyperegistrations")
+    set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS -w SKIP_LINTING ON)
+    set_property(DIRECTORY PROPERTY RULE_LAUNCH_CUSTOM ${PROJECT_SOURCE_DIR}/cmake/resource-command)
+endfunction()

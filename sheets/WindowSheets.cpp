@@ -13,11 +13,8 @@
 #include <QPainter>
 #include <QQuickItemGrabResult>
 #include <QSignalSpy>
-#include <QtQml/qqmlextensionplugin.h>
 
 #include <cstdio>
-
-Q_IMPORT_QML_PLUGIN(Zelmo_UiPlugin)
 
 using namespace zelmo;
 using namespace zelmo::test;

@@ -13,7 +13,7 @@ constexpr int stores = 2;
 
 } // namespace
 
-void returnLargeBlocks() {
+void limitKeptMemory() {
     // Once set, the limit no longer grows with the largest block that was freed.
     mallopt(M_MMAP_THRESHOLD, largeBlock);
     mallopt(M_ARENA_MAX, stores);

@@ -2,8 +2,8 @@
 
 namespace zelmo {
 
-// Gives the memory of pictures back to the system as soon as they are dropped: a program that is hidden most of the
-// time should not keep what it needed for a moment. Call before large blocks are allocated.
-void returnLargeBlocks();
+// Has the allocator keep little of what is dropped: a program that is hidden most of the time should not hold what it
+// needed for a moment. Call before there is another thread.
+void limitKeptMemory();
 
 } // namespace zelmo

@@ -30,7 +30,7 @@ int main(int argc, char* argv[]) {
         return *exitCode;
     // Before there is another thread: it changes the environment.
     chooseRenderer();
-    returnLargeBlocks();
+    limitKeptMemory();
     const FontWarmUp fonts;
     QGuiApplication application(argc, argv);
     QtSharedApplication sharedApplication;

@@ -13,10 +13,8 @@ public:
     // Of zeros. The values are at most 2,047.
     BlurPlane(int width, int height);
 
-    int width() const { return m_width; }
     int height() const { return m_height; }
     std::uint16_t* row(int y) { return m_values.data() + static_cast<std::ptrdiff_t>(y) * m_width; }
-    const std::uint16_t* row(int y) const { return m_values.data() + static_cast<std::ptrdiff_t>(y) * m_width; }
 
     // The width of each box is odd and below 2,000.
     void blur(int boxWidth);

@@ -80,8 +80,8 @@ FocusScope {
             stepSize: 1
             wheelEnabled: false
             value: 360 * picker.hue
-            // By the pointer, a key or a screen reader; what comes from the picker is not rounded by going back to it.
-            onValueChanged: if (Math.abs(hue.value - 360 * picker.hue) > 0.01) picker.hue = hue.value / 360
+            // Whether the pointer, a key or a screen reader has moved it.
+            onValueChanged: picker.hue = hue.value / 360
 
             Accessible.role: Accessible.Slider
             Accessible.name: "Hue"

@@ -3,8 +3,16 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <cmath>
 
 namespace zelmo {
+
+namespace {
+
+// Hues that are nearer to each other make the same colour of 8 bits.
+constexpr qreal hueStep = 1e-5;
+
+} // namespace
 
 void ColorPickerModel::setSetting(ColorSetting* setting) {
     if (setting == m_setting)
@@ -43,7 +51,8 @@ void ColorPickerModel::follow() {
 
 void ColorPickerModel::setHue(qreal hue) {
     const qreal wanted = std::clamp(hue, 0.0, 1.0);
-    if (wanted == m_hue)
+    // What a control was told comes back from it with less precision.
+    if (std::abs(wanted - m_hue) < hueStep)
         return;
     m_hue = wanted;
     store();

@@ -15,13 +15,11 @@ T.Switch {
 
     Accessible.role: Accessible.CheckBox
     Accessible.name: toggle.title
-    Accessible.onPressAction: toggle.throwOver()
-    Accessible.onToggleAction: toggle.throwOver()
-
-    function throwOver() {
+    Accessible.onPressAction: {
         toggle.toggle();
         toggle.toggled();
     }
+    Accessible.onToggleAction: toggle.Accessible.pressAction()
 
     indicator: Rectangle {
         implicitWidth: SettingsMetrics.switchWidth

@@ -26,12 +26,10 @@ void WallScene::putInto(OverlayWindow& window, const QVariantMap& properties) {
     m_engine.setIncubationController(window.incubationController());
     // Waits for what is still being read.
     QQmlComponent component(&m_engine, description(), QQmlComponent::PreferSynchronous);
-    std::unique_ptr<QObject> root(component.createWithInitialProperties(properties));
-    auto* item = qobject_cast<QQuickItem*>(root.get());
-    if (!item)
+    std::unique_ptr<QQuickItem> root(qobject_cast<QQuickItem*>(component.createWithInitialProperties(properties)));
+    if (!root)
         qFatal("The wall can't be made: %s", qPrintable(component.errorString()));
-    root.release(); // NOLINT(bugprone-unused-return-value): it is `item`
-    window.setRootItem(std::unique_ptr<QQuickItem>(item));
+    window.setRootItem(std::move(root));
 }
 
 } // namespace zelmo

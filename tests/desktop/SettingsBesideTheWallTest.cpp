@@ -1,7 +1,7 @@
 #include "appearance/LauncherBackgroundStyle.h"
 #include "desktop/SettingsOnScreen.h"
 #include "preferences/Preferences.h"
-#include "preferences/PreferencesStorage.h"
+#include "support/CatalogFakes.h"
 #include "ui/StyleColors.h"
 
 using namespace zelmo;
@@ -11,17 +11,9 @@ namespace {
 
 constexpr xcb_keysym_t commaKey = 0x002c;
 
-// A user who has chosen nothing.
-class NoPreferences : public PreferencesStorage {
-public:
-    PreferenceValues read() override { return {}; }
-    bool write(const PreferenceValues&) override { return true; }
-    void setOutsideChangeHandler(std::function<void()>) override {}
-};
-
 // The colour of the corner at the end of a style's gradient.
 QColor endOf(LauncherBackgroundStyle style) {
-    NoPreferences storage;
+    FakeStorage storage;
     return toQColor(colors(style, Preferences(storage)).back());
 }
 

@@ -2,9 +2,6 @@
 #include "appearance/LauncherInterfaceStyle.h"
 
 #include <QEasingCurve>
-#include <QtQml/qqmlextensionplugin.h>
-
-Q_IMPORT_QML_PLUGIN(Zelmo_UiPlugin)
 
 using namespace zelmo;
 using namespace zelmo::test;
@@ -12,10 +9,6 @@ using namespace zelmo::test;
 namespace {
 
 using Key = PreferenceKey;
-
-QString text(const char* latin1) {
-    return QString::fromLatin1(latin1);
-}
 
 } // namespace
 

@@ -1,19 +1,11 @@
 #include "SettingsOnView.h"
 
-#include <QtQml/qqmlextensionplugin.h>
-
-Q_IMPORT_QML_PLUGIN(Zelmo_UiPlugin)
-
 using namespace zelmo;
 using namespace zelmo::test;
 
 namespace {
 
 using Key = PreferenceKey;
-
-QString text(const char* latin1) {
-    return QString::fromLatin1(latin1);
-}
 
 } // namespace
 

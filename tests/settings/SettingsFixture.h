@@ -2,12 +2,12 @@
 
 #include "hotkey/LauncherHotKeyController.h"
 #include "overlay/MainScreen.h"
-#include "overlay/MotionPreference.h"
 #include "settings/AppSettingsWindowController.h"
 #include "settings/ColorScheme.h"
 #include "settings/ProgramActivation.h"
 #include "support/CatalogFakes.h"
 #include "support/FakeHotKeyService.h"
+#include "support/FakeMotion.h"
 #include "support/FakeSharedApplication.h"
 
 #include <QGuiApplication>
@@ -53,12 +53,9 @@ public:
     int count = 0;
 };
 
-class WishedMotion : public MotionPreference {
-public:
-    bool reducesMotion() const override { return reduces; }
-
-    bool reduces = false;
-};
+inline QString text(const char* latin1) {
+    return QString::fromLatin1(latin1);
+}
 
 // All that the settings change, on fakes.
 struct SettingsFixture {
@@ -90,7 +87,7 @@ struct SettingsFixture {
     FakeColorScheme scheme;
     FirstScreen screen;
     CountedActivation activation;
-    WishedMotion motion;
+    FakeMotion motion;
 };
 
 } // namespace zelmo::test

@@ -16,10 +16,6 @@ namespace {
 
 using Key = PreferenceKey;
 
-QString text(const char* latin1) {
-    return QString::fromLatin1(latin1);
-}
-
 FontSizeSetting& size(const SettingsForm& form, int place) {
     return *form.appearance()->sizes().at(place);
 }

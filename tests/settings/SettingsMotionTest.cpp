@@ -1,9 +1,5 @@
 #include "SettingsOnView.h"
 
-#include <QtQml/qqmlextensionplugin.h>
-
-Q_IMPORT_QML_PLUGIN(Zelmo_UiPlugin)
-
 using namespace zelmo;
 using namespace zelmo::test;
 

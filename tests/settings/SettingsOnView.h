@@ -5,6 +5,10 @@
 
 #include <QAccessible>
 #include <QQuickItem>
+#include <QtQml/qqmlextensionplugin.h>
+
+// For each program that includes this, once.
+Q_IMPORT_QML_PLUGIN(Zelmo_UiPlugin)
 
 namespace zelmo::test {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "overlay/MotionPreference.h"
 #include "overlay/OverlayWindow.h"
 #include "support/CatalogFakes.h"
+#include "support/FakeMotion.h"
 #include "support/FixedFontFaces.h"
 #include "ui/AppIconItem.h"
 #include "ui/DesktopCapture.h"
@@ -56,13 +56,6 @@ public:
 
     QColor color;
     int captures = 0;
-};
-
-class ChosenMotion : public MotionPreference {
-public:
-    bool reducesMotion() const override { return reduces; }
-
-    bool reduces = false;
 };
 
 // The wall in a window of its own, on fakes.
@@ -165,7 +158,7 @@ public:
     BlueIconSource iconSource;
     IconCache icons;
     PlainDesktop desktop;
-    ChosenMotion motion;
+    FakeMotion motion;
     WallScene scene;
     WallContent content{{.scene = scene,
                          .store = *store.store,
