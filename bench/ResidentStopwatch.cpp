@@ -43,7 +43,7 @@ int main(int argc, char* argv[]) {
     DamageClock damage(session->displayName());
     const QProcess& process = session->startProgram(program);
     const auto isShown = [&] { return session->display().viewableWindow(QStringLiteral("Zelmo")).has_value(); };
-    const auto memory = [&] {
+    const auto memory = [&]() -> QString {
         const auto used = test::ProcessMemory::of(process.processId());
         return QString::number(used.proportional, 'f', 1) + u" | " + QString::number(used.own, 'f', 1);
     };
