@@ -9,7 +9,7 @@ namespace {
 
 // Nanoseconds for each pixel, as measured.
 constexpr qint64 opacityCost = 3;
-constexpr qint64 blendCost = 9;
+constexpr qint64 blendCost = 20;
 constexpr qint64 maskCost = 13;
 constexpr qint64 filterCost = 6;
 constexpr qint64 filterFunctionCost = 100;
