@@ -107,9 +107,9 @@ private Q_SLOTS:
             filtered("<feFlood flood-color='#00f' x='20' y='20' width='60' height='60'/>"
                      "<feComposite in2='SourceAlpha' operator='in'/>"),
             blue, nothing);
-        row("pattern", svg("<pattern id='p' patternUnits='userSpaceOnUse' width='100' height='100'><rect x='20' y='20' "
-                           "width='60' height='60' fill='#f00'/></pattern>"
-                           "<rect width='100' height='100' fill='url(#p)'/>"));
+        row("pattern",
+            svg("<pattern id='p' patternUnits='userSpaceOnUse' width='40' height='40'><rect x='5' y='5' width='10' "
+                "height='10' fill='#f00'/></pattern><rect width='100' height='100' fill='url(#p)'/>"));
         row("marker", svg("<marker id='m' viewBox='0 0 10 10' refX='5' refY='5' markerWidth='30' markerHeight='30' "
                           "markerUnits='userSpaceOnUse'><rect width='10' height='10' fill='#f00'/></marker>"
                           "<path d='M0 50H50H100' marker-mid='url(#m)'/>"));
@@ -243,6 +243,9 @@ private Q_SLOTS:
         row("many fonts", svg("<text>" + QByteArray("<tspan> </tspan>").repeated(100) + "</text>"));
         row("vector behind a picture",
             svg("<text/><image width='9' height='9' xlink:href='data:image/svg+xml,&lt;svg/&gt;base64," +
+                png(8, 8, 0).toBase64() + "'/>"));
+        row("two pictures in one address",
+            svg("<text/><image width='9' height='9' xlink:href='data:image/png;base64,AAAAbase64," +
                 png(8, 8, 0).toBase64() + "'/>"));
         row("another encoding", "<?xml version='1.0' encoding='ISO-8859-1'?>" + maskedByAFilteredGroup());
     }
