@@ -226,7 +226,9 @@ private:
         for (const char* side : {"width", "height"}) {
             bool isNumber = false;
             const double length = attributes.value(QLatin1StringView(side)).toDouble(&isNumber);
-            m_largestTile = std::max(m_largestTile, isNumber ? length : std::numeric_limits<double>::infinity());
+            if (!isNumber)
+                m_isPatternInUserSpace = false;
+            m_largestTile = std::max(m_largestTile, length);
         }
     }
 
