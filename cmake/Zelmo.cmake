@@ -53,6 +53,8 @@ function(zelmo_test name)
     if(ZELMO_SANITIZERS MATCHES address)
         list(APPEND environment
             LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/library-leaks.txt:print_suppressions=0)
+    elseif(ZELMO_SANITIZERS MATCHES thread)
+        list(APPEND environment TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/library-races.txt)
     endif()
     set_tests_properties(${arg_KIND}.${name} PROPERTIES
         LABELS ${arg_KIND}

@@ -15,7 +15,8 @@ namespace {
 
 // An element takes about four kilobytes in the renderer, a character of an outline two hundred bytes
 // when it is stroked; a dash takes as much and a microsecond. Layers for opacity count as several elements.
-constexpr SvgCost costLimit{20'000, 512 * 1024, 20'000, std::numeric_limits<qint64>::max()};
+constexpr qint64 unlimited = std::numeric_limits<qint64>::max();
+constexpr SvgCost costLimit{20'000, 512 * 1024, 20'000, unlimited, unlimited, unlimited, unlimited, unlimited};
 constexpr qint64 elementLimit = 10'000;
 constexpr int nestingLimit = 64;
 constexpr qint64 opacityLayerCost = 4;
@@ -93,9 +94,10 @@ private:
             return refuse(SvgVerdict::tooLarge);
         if (m_elementCount == 1 && name != QLatin1StringView("svg"))
             return refuse(SvgVerdict::damaged);
-        SvgCost cost{1, 0, 0, 0};
-        QString identifier;
-        QString reference;
+        SvgCost cost{.elements = 1};
+        // Attributes of other vocabularies may have the same names.
+        QStringList identifiers;
+        QStringList references;
         bool isDashed = false;
         const QXmlStreamAttributes attributes = m_reader.attributes();
         for (const QXmlStreamAttribute& attribute : attributes) {
@@ -104,9 +106,9 @@ private:
             if (key == u"d" || key == u"points")
                 cost.geometry += value.size();
             else if (key == u"id")
-                identifier = value.toString();
+                identifiers += value.toString();
             else if (key == u"href")
-                reference = readReference(name, value.trimmed());
+                references += readReference(name, value.trimmed());
             else if (key == u"stroke-dasharray")
                 isDashed = noteDashes(value) || isDashed;
             else if (key == u"viewBox" && m_elementCount == 1)
@@ -124,7 +126,11 @@ private:
             m_largestGlyph = std::max(m_largestGlyph, cost.geometry);
         cost.dashedPoints = addDashes(name, attributes, isDashed);
         const int parent = m_open.empty() ? -1 : m_open.back().index;
-        m_open.push_back({m_tree.add(parent, cost, identifier, reference), name == QLatin1StringView("style")});
+        m_open.push_back({m_tree.add(parent, cost), name == QLatin1StringView("style")});
+        for (const QString& identifier : std::as_const(identifiers))
+            m_tree.identify(m_open.back().index, identifier);
+        for (const QString& reference : std::as_const(references))
+            m_tree.refer(m_open.back().index, {reference});
     }
 
     void readText() {
@@ -148,7 +154,8 @@ private:
             return target.sliced(1).toString();
         if (name == QLatin1StringView("image"))
             readPicture(target);
-        else if (name != QLatin1StringView("a") && !target.isEmpty())
+        // Neither where a link leads nor a color profile is read.
+        else if (name != QLatin1StringView("a") && name != QLatin1StringView("color-profile") && !target.isEmpty())
             refuse(SvgVerdict::reachesOutside);
         return {};
     }
