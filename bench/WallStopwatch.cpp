@@ -160,12 +160,21 @@ QByteArray preferences(const char* layout, const char* background) {
 int main(int argc, char* argv[]) {
     QCoreApplication application(argc, argv);
     if (argc < 2) {
-        std::fprintf(stderr, "usage: wallstopwatch PROGRAM [NUMBER-OF-APPLICATIONS]...\n");
+        std::fprintf(stderr, "usage: wallstopwatch PROGRAM [NUMBER-OF-APPLICATIONS | LAYOUT | BACKGROUND]...\n");
         return 2;
     }
     QList<int> counts;
-    for (int i = 2; i < argc; ++i)
-        counts.append(QByteArray(argv[i]).toInt());
+    QByteArrayList looks;
+    for (int i = 2; i < argc; ++i) {
+        const QByteArray argument = argv[i];
+        if (const int count = argument.toInt())
+            counts.append(count);
+        else
+            looks.append(argument);
+    }
+    const auto isWanted = [&](const auto& all, const char* one) {
+        return looks.contains(one) || std::ranges::none_of(all, [&](const char* any) { return looks.contains(any); });
+    };
     if (counts.isEmpty())
         counts = {200, 10000};
     QTextStream out(stdout);
@@ -180,6 +189,8 @@ int main(int argc, char* argv[]) {
         installApplications(*session, count);
         for (const char* layout : layouts) {
             for (const char* background : backgrounds) {
+                if (!isWanted(layouts, layout) || !isWanted(backgrounds, background))
+                    continue;
                 session->writeFile(QStringLiteral(".config/zelmo/preferences.plist"), preferences(layout, background));
                 QProcess& process = session->startProgram(QString::fromLocal8Bit(argv[1]));
                 Figures figures;

@@ -30,12 +30,14 @@ ScaleGlassButtonStyle {
 
     PlateItem {
         objectName: "fill"
+        smooth: true
         anchors.fill: parent
         radius: height / 2
         colors: [button.emphasis ? MenuBarMetrics.emphasizedButtonColor : MenuBarMetrics.buttonColor]
     }
     PlateItem {
         objectName: "outline"
+        smooth: true
         anchors.fill: parent
         anchors.margins: -strokeWidth / 2
         radius: height / 2

@@ -9,6 +9,7 @@ namespace zelmo {
 
 AppIconItem::AppIconItem() {
     setFlag(ItemHasContents);
+    setSmooth(false);
 }
 
 AppIconItem::~AppIconItem() {
@@ -54,6 +55,7 @@ QSGNode* AppIconItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
             QRectF(QPointF(-margin, -margin), QSizeF(m_picture.width() / m_scale, m_picture.height() / m_scale)));
         m_stale = false;
     }
+    imageNode->setFiltering(smooth() ? QSGTexture::Linear : QSGTexture::Nearest);
     return imageNode;
 }
 

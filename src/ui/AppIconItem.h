@@ -10,7 +10,7 @@
 namespace zelmo {
 
 // Draws one application's icon, with its shadow, in a square as wide as the item; empty until the
-// icon is decoded. Asks for the icon only while it is to be seen.
+// icon is decoded. Asks for the icon only while it is to be seen. One that is scaled is to be smooth.
 class AppIconItem : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT

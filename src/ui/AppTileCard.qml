@@ -18,6 +18,7 @@ PlateItem {
     required property var tileColors
     required property string usageSummary
     required property bool selected
+    readonly property bool isScaled: card.scale !== 1
     readonly property bool isEditing: card.store.isEditingApps
     property bool isComplete
 
@@ -58,6 +59,7 @@ PlateItem {
     PlateItem {
         anchors.fill: parent
         z: -1
+        smooth: card.isScaled
         radius: card.selected ? card.style.layout.selectedRadius : card.style.layout.plateRadius
         mirrored: card.LayoutMirroring.enabled
         colors: card.selected ? CardMetrics.selectedColors : [card.style.plateFill]

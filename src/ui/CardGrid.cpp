@@ -1,5 +1,7 @@
 #include "ui/CardGrid.h"
 
+#include "ui/RepaintArea.h"
+
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QQmlComponent>
@@ -10,10 +12,20 @@
 
 namespace zelmo {
 
-CardGrid::CardGrid() {
+namespace {
+
+// Above this many changed cards at once, all that is in sight is painted anew.
+constexpr std::size_t fewCards = 4;
+// In front of the cards, the one with the focus included.
+constexpr qreal repaintAreaZ = 2;
+
+} // namespace
+
+CardGrid::CardGrid() : m_repaintArea(new RepaintArea(this)) {
     setFlag(ItemIsFocusScope);
     setActiveFocusOnTab(true);
     connect(this, &CardGrid::layoutChanged, this, &QQuickItem::polish);
+    m_repaintArea->setZ(repaintAreaZ);
     m_transition.setStartValue(0.0);
     m_transition.setEndValue(1.0);
     QEasingCurve easeInOut(QEasingCurve::BezierSpline);
@@ -102,11 +114,16 @@ void CardGrid::updatePolish() {
             made.push_back(card);
         }
     }
+    std::size_t changes = missing.size();
     for (Card* card : unused) {
+        if (card->item->isVisible())
+            ++changes;
         card->index = QPersistentModelIndex();
         card->item->setVisible(false);
     }
     m_cards.insert(m_cards.end(), made.begin(), made.end());
+    if (changes > fewCards || m_visibleTop != m_paintedTop)
+        repaint();
     startTransition();
 }
 
@@ -374,6 +391,14 @@ void CardGrid::noteData(const QModelIndex& first, const QModelIndex& last) {
         if (card.index.isValid() && card.index.row() >= first.row() && card.index.row() <= last.row())
             writeRoles(card);
     }
+}
+
+// The spacing holds what cards draw beyond their edges.
+void CardGrid::repaint() {
+    m_paintedTop = m_visibleTop;
+    m_repaintArea->setPosition({-m_columnSpacing, m_visibleTop});
+    m_repaintArea->setSize({implicitWidth() + 2 * m_columnSpacing, m_visibleHeight});
+    m_repaintArea->update();
 }
 
 } // namespace zelmo

@@ -13,6 +13,8 @@ class QQmlComponent;
 
 namespace zelmo {
 
+class RepaintArea;
+
 // Lays the rows of a model out as cards of one size in columns, from the leading side and top to bottom. Only the
 // cards in sight and the one with the focus exist; one that goes out of sight, or whose row is gone, becomes the card
 // of another row instead of being destroyed, and one whose row moved moves with it. Each role of the model is written
@@ -106,6 +108,7 @@ private:
     void showTransition(double progress);
     void endTransition();
     void noteData(const QModelIndex& first, const QModelIndex& last);
+    void repaint();
 
     QPointer<QAbstractItemModel> m_model;
     QPointer<QQmlComponent> m_component;
@@ -126,6 +129,8 @@ private:
     std::vector<Move> m_moves;
     std::vector<Card> m_fading; // of rows that are gone
     QVariantAnimation m_transition;
+    RepaintArea* m_repaintArea;
+    qreal m_paintedTop = 0;
 };
 
 } // namespace zelmo

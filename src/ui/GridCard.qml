@@ -11,6 +11,7 @@ AppTileCard {
         height: width
         cache: card.icons
         icon: card.appIcon
+        smooth: card.isScaled
     }
     CardLabels {
         x: CardMetrics.gridPadding

@@ -16,6 +16,7 @@ AppTileCard {
         height: width
         cache: card.icons
         icon: card.appIcon
+        smooth: card.isScaled
     }
     CardLabels {
         anchors {

@@ -13,6 +13,7 @@ AppTileCard {
         height: width
         cache: card.icons
         icon: card.appIcon
+        smooth: card.isScaled
     }
     CardName {
         id: name

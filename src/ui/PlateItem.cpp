@@ -32,6 +32,7 @@ private:
 
 PlateItem::PlateItem() {
     setFlag(ItemHasContents);
+    setSmooth(false);
     connect(this, &PlateItem::changed, this, [this] { update(); });
 }
 

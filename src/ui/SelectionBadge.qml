@@ -24,6 +24,7 @@ PlateItem {
             badge.gone();
     }
 
+    smooth: true
     width: CardMetrics.badgeSide
     height: width
     radius: width / 2

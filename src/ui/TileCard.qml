@@ -7,13 +7,9 @@ AppTileCard {
     PlateItem {
         anchors.fill: parent
         z: -2
+        smooth: card.isScaled
         mirrored: card.LayoutMirroring.enabled
-        colors: card.tileColors
-
-        Rectangle {
-            anchors.fill: parent
-            color: CardMetrics.tileVeil
-        }
+        colors: card.tileColors.map(color => Qt.tint(color, CardMetrics.tileVeil))
     }
     SymbolItem {
         anchors {
@@ -37,6 +33,7 @@ AppTileCard {
         height: width
         cache: card.icons
         icon: card.appIcon
+        smooth: card.isScaled
     }
     Column {
         id: labels
