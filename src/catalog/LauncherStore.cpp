@@ -93,13 +93,15 @@ QList<LaunchableApp> LauncherStore::visibleApps() const {
     if (!narrows && !m_showsMostUsed && m_selectedCategory == AppCategory::all)
         return m_apps;
 
+    QList<LaunchableApp> visible;
     std::vector<bool> matches;
     if (narrows) {
         matches.resize(static_cast<std::size_t>(m_apps.size()));
-        for (const qsizetype position : nameSearch().find(m_searchText))
+        const auto found = nameSearch().find(m_searchText);
+        for (const qsizetype position : found)
             matches[static_cast<std::size_t>(position)] = true;
+        visible.reserve(static_cast<qsizetype>(found.size()));
     }
-    QList<LaunchableApp> visible;
     const auto take = [&](qsizetype position) {
         if (!narrows || matches[static_cast<std::size_t>(position)])
             visible.append(m_apps[position]);

@@ -2,6 +2,8 @@
 
 #include <QHash>
 
+#include <optional>
+
 namespace zelmo {
 
 namespace {
@@ -45,6 +47,8 @@ std::vector<bool> longestIncreasing(const std::vector<int>& values) {
 // The moves that bring `kept`, the new positions in the old order, into ascending order. Stops after
 // the first move too many. `offset` is the position of the first of them in the whole list.
 std::vector<Change> movesToAscending(std::vector<int> kept, int offset) {
+    if (std::is_sorted(kept.begin(), kept.end()))
+        return {};
     const std::vector<bool> stays = longestIncreasing(kept);
     std::vector<int> movers;
     for (std::size_t i = 0; i < kept.size(); ++i) {
@@ -77,38 +81,77 @@ std::vector<Change> movesToAscending(std::vector<int> kept, int offset) {
     return moves;
 }
 
+// The rows from `first` to before `end` of a list.
+struct Stretch {
+    const QList<LaunchableApp>& apps;
+    int first;
+    int end;
+};
+
+constexpr int nowhere = -1;
+
+// Where each row of the longer list stands in the shorter one, if that one has the same rows in the same order and some
+// less, as while a search is narrowed.
+std::optional<std::vector<int>> placesInPart(const Stretch& whole, const Stretch& part) {
+    std::vector<int> places(static_cast<std::size_t>(whole.end - whole.first), nowhere);
+    int next = part.first;
+    for (int i = whole.first; i < whole.end && next < part.end; ++i) {
+        if (whole.apps[i].id == part.apps[next].id)
+            places[static_cast<std::size_t>(i - whole.first)] = next++;
+    }
+    if (next < part.end)
+        return std::nullopt;
+    return places;
+}
+
+// Where each row of `from` stands in `to`.
+std::vector<int> placesIn(const Stretch& from, const Stretch& to) {
+    std::vector<int> places(static_cast<std::size_t>(from.end - from.first), nowhere);
+    if (to.end - to.first <= from.end - from.first) {
+        if (auto inPart = placesInPart(from, to))
+            return *std::move(inPart);
+    } else if (const auto reverse = placesInPart(to, from)) {
+        for (int i = to.first; i < to.end; ++i) {
+            if (const int place = (*reverse)[static_cast<std::size_t>(i - to.first)]; place != nowhere)
+                places[static_cast<std::size_t>(place - from.first)] = i;
+        }
+        return places;
+    }
+    QHash<FileUrl, int> target;
+    target.reserve(to.end - to.first);
+    for (int i = to.first; i < to.end; ++i)
+        target.insert(to.apps[i].id, i);
+    for (int i = from.first; i < from.end; ++i)
+        places[static_cast<std::size_t>(i - from.first)] = target.value(from.apps[i].id, nowhere);
+    return places;
+}
+
 } // namespace
 
-std::vector<ListChange> listChanges(const QList<FileUrl>& from, const QList<FileUrl>& to) {
+std::vector<ListChange> listChanges(const QList<LaunchableApp>& from, const QList<LaunchableApp>& to) {
     int start = 0;
     int fromEnd = static_cast<int>(from.size());
     int toEnd = static_cast<int>(to.size());
-    while (start < std::min(fromEnd, toEnd) && from[start] == to[start])
+    while (start < std::min(fromEnd, toEnd) && from[start].id == to[start].id)
         ++start;
-    while (fromEnd > start && toEnd > start && from[fromEnd - 1] == to[toEnd - 1]) {
+    while (fromEnd > start && toEnd > start && from[fromEnd - 1].id == to[toEnd - 1].id) {
         --fromEnd;
         --toEnd;
     }
 
-    QHash<FileUrl, int> target;
-    target.reserve(toEnd - start);
-    for (int i = start; i < toEnd; ++i)
-        target.insert(to[i], i);
+    const std::vector<int> places = placesIn({from, start, fromEnd}, {to, start, toEnd});
     std::vector<int> kept;
     std::vector<bool> inserted(static_cast<std::size_t>(toEnd), true);
-    std::vector<bool> removed(static_cast<std::size_t>(fromEnd), true);
-    for (int i = start; i < fromEnd; ++i) {
-        const auto found = target.constFind(from[i]);
-        if (found == target.constEnd())
+    for (const int place : places) {
+        if (place == nowhere)
             continue;
-        kept.push_back(*found);
-        removed[static_cast<std::size_t>(i)] = false;
-        inserted[static_cast<std::size_t>(*found)] = false;
+        kept.push_back(place);
+        inserted[static_cast<std::size_t>(place)] = false;
     }
 
     std::vector<Change> changes;
     appendRuns(changes, Change::Kind::remove, start, fromEnd,
-               [&](int i) { return removed[static_cast<std::size_t>(i)]; });
+               [&](int i) { return places[static_cast<std::size_t>(i - start)] == nowhere; });
     // The last first, so that the positions of those before it still hold.
     std::reverse(changes.begin(), changes.end());
     if (changes.size() <= mostListChanges) {

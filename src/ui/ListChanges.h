@@ -1,6 +1,6 @@
 #pragma once
 
-#include "catalog/FileUrl.h"
+#include "catalog/LaunchableApp.h"
 
 #include <QList>
 
@@ -28,7 +28,8 @@ struct ListChange {
 // steps than over two large ones.
 inline constexpr std::size_t mostListChanges = 64;
 
-// No identity may stand twice in one list. Removals come first, then moves, then insertions.
-std::vector<ListChange> listChanges(const QList<FileUrl>& from, const QList<FileUrl>& to);
+// An application is the same as long as its identity is, which may not stand twice in one list. Removals come first,
+// then moves, then insertions.
+std::vector<ListChange> listChanges(const QList<LaunchableApp>& from, const QList<LaunchableApp>& to);
 
 } // namespace zelmo

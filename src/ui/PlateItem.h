@@ -6,8 +6,8 @@
 
 namespace zelmo {
 
-// A surface of the interface as large as the item; its shadow reaches beyond. Looks the same on every renderer. Stands on
-// whole pixels, which takes the software renderer a fraction of the time; one that is scaled is to be smooth.
+// A surface of the interface as large as the item; its shadow reaches beyond. Looks the same on every renderer. Stands
+// on whole pixels, which takes the software renderer a fraction of the time; one that is scaled is to be smooth.
 class PlateItem : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT

@@ -7,18 +7,6 @@
 
 namespace zelmo {
 
-namespace {
-
-QList<FileUrl> identities(const QList<LaunchableApp>& apps) {
-    QList<FileUrl> ids;
-    ids.reserve(apps.size());
-    for (const LaunchableApp& app : apps)
-        ids.append(app.id);
-    return ids;
-}
-
-} // namespace
-
 WallModel::WallModel(const LauncherStore& store) : m_store(store), m_apps(store.visibleApps()) {
     connect(&store, &LauncherStore::appsChanged, this, &WallModel::update);
     connect(&store, &LauncherStore::selectedCategoryChanged, this, &WallModel::updateFilter);
@@ -95,7 +83,7 @@ void WallModel::updateFilter() {
 void WallModel::update() {
     const QList<LaunchableApp> fresh = m_store.visibleApps();
     const bool wasEmpty = isEmpty();
-    for (const ListChange& change : listChanges(identities(m_apps), identities(fresh))) {
+    for (const ListChange& change : listChanges(m_apps, fresh)) {
         const int last = change.first + change.count - 1;
         switch (change.kind) {
         case ListChange::Kind::remove:
@@ -110,8 +98,12 @@ void WallModel::update() {
             break;
         case ListChange::Kind::insert:
             beginInsertRows({}, change.first, last);
-            m_apps.insert(change.first, change.count, LaunchableApp{});
-            std::copy_n(fresh.cbegin() + change.first, change.count, m_apps.begin() + change.first);
+            if (m_apps.isEmpty() && change.count == fresh.size()) {
+                m_apps = fresh;
+            } else {
+                m_apps.insert(change.first, change.count, LaunchableApp{});
+                std::copy_n(fresh.cbegin() + change.first, change.count, m_apps.begin() + change.first);
+            }
             endInsertRows();
             break;
         }
@@ -127,6 +119,8 @@ void WallModel::announce(Role role) {
 }
 
 void WallModel::announceChangedRows(const QList<LaunchableApp>& fresh) {
+    if (m_apps.constData() == fresh.constData())
+        return;
     for (qsizetype row = 0; row < fresh.size(); ++row) {
         if (m_apps[row] == fresh[row])
             continue;
