@@ -5,6 +5,7 @@
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11RootReader.h"
 #include "support/DesktopSession.h"
+#include "support/WholePicture.h"
 
 #include <QCoreApplication>
 
@@ -23,7 +24,8 @@ std::unique_ptr<test::DesktopSession> startSession(QSize size, test::SharedMemor
 
 QImage wholeScreen(const X11Connection& connection) {
     const X11RootReader reader(connection.get(), connection.root(), 10s);
-    return reader.picture(reader.area().value_or(QRect()));
+    return test::wholePicture(
+        [&](const DesktopCapture::TakeRows& take) { return reader.read(reader.area().value_or(QRect()), take); });
 }
 
 void pictureOfAScreen(benchmark::State& state, test::SharedMemory sharedMemory) {

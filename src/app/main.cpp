@@ -16,6 +16,7 @@
 #include "shell/ZelmoApp.h"
 #include "shell/ZelmoAppDelegate.h"
 #include "ui/AlertWindowPresenter.h"
+#include "ui/DesktopPicture.h"
 #include "ui/IconCache.h"
 #include "ui/WallContent.h"
 #include "ui/WallScene.h"
@@ -100,7 +101,7 @@ int main(int argc, char* argv[]) {
     });
     const auto captureDesktop = [&backends](const QRect& pixels, const QScreen& screen) {
         // A screen's origin is in pixels at every scale.
-        return backends.desktopCapture.capture(screen).copy(pixels.translated(-screen.geometry().topLeft()));
+        return desktopPart(backends.desktopCapture, screen, pixels.translated(-screen.geometry().topLeft()));
     };
     std::optional<MenuBar> menuBar;
     // Of no use before the wall is up, and the buses may be slow.

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "iconart/SmallPicture.h"
+
 #include <QColor>
-#include <QImage>
 
 namespace zelmo {
 
@@ -15,8 +16,14 @@ struct MaterialStyle {
     static MaterialStyle ultraThin();
 };
 
+// How many times smaller a picture may be made before the material blurs it, without that being seen. A point has
+// `scale` of its pixels.
+int materialReduction(double scale, const MaterialStyle& style);
+
 // The picture blurred, its colours strengthened and the tint laid over it. As large and as opaque as the picture; its
 // edges are continued outwards, so that nothing dark comes in from beyond. Any thread.
 QImage throughMaterial(const QImage& behind, double scale, const MaterialStyle& style);
+// The same of one that is small already; the scale is that of the whole.
+SmallPicture throughMaterial(const SmallPicture& behind, double scale, const MaterialStyle& style);
 
 } // namespace zelmo

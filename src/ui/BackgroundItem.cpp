@@ -1,6 +1,7 @@
 #include "ui/BackgroundItem.h"
 
 #include "iconart/DiagonalGradient.h"
+#include "iconart/Material.h"
 
 #include <QQuickWindow>
 #include <QSGImageNode>
@@ -71,18 +72,25 @@ bool BackgroundItem::showsDesktop() const {
     return m_backdrop && !m_backdrop->isNull();
 }
 
-QImage BackgroundItem::part(const QRect& pixels, double scale) const {
+QImage BackgroundItem::throughMaterialAt(const QRect& pixels, double scale) const {
     const QSize whole = (size() * scale).toSize();
     const QRect area = pixels & QRect(QPoint(), whole);
     if (area.isEmpty())
         return {};
     if (showsDesktop()) {
-        const QImage& picture = m_backdrop->picture();
-        return picture.copy(area & picture.rect());
+        const SmallPicture& seen = m_backdrop->throughMaterialAgain();
+        return seen.part(area & QRect(QPoint(), seen.size));
     }
+    // A gradient over the whole wall looks the same blurred.
+    MaterialStyle style = MaterialStyle::ultraThin();
+    style.blurRadius = 0;
+    return throughMaterial(gradientPart(area, whole), scale, style);
+}
+
+QImage BackgroundItem::gradientPart(const QRect& pixels, QSize whole) const {
     if (!m_mirrored)
-        return DiagonalGradient(m_colors, whole).part(area);
-    const QRect reflected(whole.width() - area.right() - 1, area.top(), area.width(), area.height());
+        return DiagonalGradient(m_colors, whole).part(pixels);
+    const QRect reflected(whole.width() - pixels.right() - 1, pixels.top(), pixels.width(), pixels.height());
     return DiagonalGradient(m_colors, whole).part(reflected).mirrored(true, false);
 }
 

@@ -29,9 +29,9 @@ public:
     void setMirrored(bool mirrored);
 
     bool showsDesktop() const;
-    // A part of what it shows, in pixels, of which a point has so many; what reaches beyond the item is cut off. While
-    // the scene is synchronized.
-    QImage part(const QRect& pixels, double scale) const;
+    // A part of what it shows, through the material and in pixels, of which a point has so many; what reaches beyond
+    // the item is cut off. While the scene is synchronized.
+    QImage throughMaterialAt(const QRect& pixels, double scale) const;
 
 Q_SIGNALS:
     // What it shows, or its size, has become another one.
@@ -45,6 +45,7 @@ protected:
 private:
     void noteChange();
     QSGNode* newNode() const;
+    QImage gradientPart(const QRect& pixels, QSize whole) const;
 
     QList<QColor> m_colors;
     QPointer<DesktopBackdrop> m_backdrop;

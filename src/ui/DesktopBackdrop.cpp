@@ -4,22 +4,29 @@
 
 namespace zelmo {
 
-void DesktopBackdrop::take(const QImage& desktop, double scale) {
+int DesktopBackdrop::reduction(double scale) {
+    return materialReduction(scale, MaterialStyle::ultraThin());
+}
+
+void DesktopBackdrop::take(const SmallPicture& desktop, double scale) {
     if (desktop.isNull() && isNull())
         return;
     m_coming = {};
     if (!desktop.isNull())
-        m_coming = std::async(std::launch::async,
-                              [desktop, scale] { return throughMaterial(desktop, scale, MaterialStyle::ultraThin()); });
-    m_picture = {};
+        m_coming = std::async(std::launch::async, [desktop, scale]() -> Seen {
+            const MaterialStyle style = MaterialStyle::ultraThin();
+            const SmallPicture once = throughMaterial(desktop, scale, style);
+            return {.picture = once.part(QRect(QPoint(), once.size)), .again = throughMaterial(once, scale, style)};
+        });
+    m_seen = {};
     m_scale = scale;
     Q_EMIT changed();
 }
 
-const QImage& DesktopBackdrop::picture() {
+const DesktopBackdrop::Seen& DesktopBackdrop::seen() {
     if (m_coming.valid())
-        m_picture = m_coming.get();
-    return m_picture;
+        m_seen = m_coming.get();
+    return m_seen;
 }
 
 } // namespace zelmo

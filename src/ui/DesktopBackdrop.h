@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QImage>
+#include "iconart/SmallPicture.h"
+
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
@@ -17,21 +18,31 @@ class DesktopBackdrop : public QObject {
     QML_UNCREATABLE("made with the wall's content")
 
 public:
-    // A picture in a screen's pixels, of which a point has so many. Null when the desktop can't be seen.
-    void take(const QImage& desktop, double scale);
+    // By how much a screen's picture is made smaller that is to be taken. A point has so many of its pixels.
+    static int reduction(double scale);
+    void take(const SmallPicture& desktop, double scale);
     void release() { take({}, 1); }
 
-    bool isNull() const { return !m_coming.valid() && m_picture.isNull(); }
+    bool isNull() const { return !m_coming.valid() && m_seen.picture.isNull(); }
     double scale() const { return m_scale; }
     // As large as what was taken. Waits for it.
-    const QImage& picture();
+    const QImage& picture() { return seen().picture; }
+    // The same, seen through the material once more. Waits for it.
+    const SmallPicture& throughMaterialAgain() { return seen().again; }
 
 Q_SIGNALS:
     void changed();
 
 private:
-    std::future<QImage> m_coming;
-    QImage m_picture;
+    struct Seen {
+        QImage picture;
+        SmallPicture again;
+    };
+
+    const Seen& seen();
+
+    std::future<Seen> m_coming;
+    Seen m_seen;
     double m_scale = 1;
 };
 

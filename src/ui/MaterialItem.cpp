@@ -1,7 +1,6 @@
 #include "ui/MaterialItem.h"
 
 #include "iconart/ContinuousRectangle.h"
-#include "iconart/Material.h"
 #include "iconart/Plate.h"
 
 #include <QPainter>
@@ -9,7 +8,7 @@
 #include <QSGImageNode>
 #include <QSGTexture>
 
-#include <cmath>
+#include <algorithm>
 
 namespace zelmo {
 
@@ -59,16 +58,9 @@ QSGNode* MaterialItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
 }
 
 void MaterialItem::paintSurface(QPainter& painter, QSize pixels, double scale) const {
-    MaterialStyle style = MaterialStyle::ultraThin();
-    // A gradient over the whole wall looks the same blurred.
-    if (!m_background->showsDesktop())
-        style.blurRadius = 0;
-    const int reach = static_cast<int>(std::ceil(style.blurRadius * scale));
-    const QPoint place = (mapToItem(m_background, QPointF()) * scale).toPoint();
-    const QRect around = QRect(place, pixels).adjusted(-reach, -reach, reach, reach);
-    const QRect seen = around & QRect(QPoint(), (m_background->size() * scale).toSize());
-    QBrush brush(throughMaterial(m_background->part(around, scale), scale, style));
-    brush.setTransform(QTransform::fromTranslate(seen.x() - place.x(), seen.y() - place.y()));
+    const QRect area((mapToItem(m_background, QPointF()) * scale).toPoint(), pixels);
+    QBrush brush(m_background->throughMaterialAt(area, scale));
+    brush.setTransform(QTransform::fromTranslate(std::max(0, area.x()) - area.x(), std::max(0, area.y()) - area.y()));
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(continuousRectangle(QRectF(QPointF(), QSizeF(pixels)), m_radius * scale), brush);
 }

@@ -4,7 +4,7 @@
 #include "overlay/MotionPreference.h"
 #include "ui/CategoryBarModel.h"
 #include "ui/DesktopBackdrop.h"
-#include "ui/DesktopCapture.h"
+#include "ui/DesktopPicture.h"
 #include "ui/IconCache.h"
 #include "ui/WallModel.h"
 #include "ui/WallScene.h"
@@ -23,7 +23,12 @@ WallContent::~WallContent() = default;
 void WallContent::prepare(const QScreen& screen) {
     m_style->setReducesMotion(m_services.motion.reducesMotion());
     if (m_style->blursDesktop())
-        m_backdrop->take(m_services.desktopCapture.capture(screen), screen.devicePixelRatio());
+        lookAt(screen);
+}
+
+void WallContent::lookAt(const QScreen& screen) {
+    const double scale = screen.devicePixelRatio();
+    m_backdrop->take(smallDesktop(m_services.desktopCapture, screen, DesktopBackdrop::reduction(scale)), scale);
 }
 
 void WallContent::load(OverlayWindow& window) {

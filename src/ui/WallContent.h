@@ -41,6 +41,8 @@ public:
     void putAway() override;
 
 private:
+    void lookAt(const QScreen& screen);
+
     WallServices m_services;
     std::unique_ptr<WallModel> m_model;
     std::unique_ptr<CategoryBarModel> m_categories;

@@ -41,13 +41,13 @@ public:
 };
 
 // Striped where the panel is, plain on the left of it.
-QImage stripedDesktop() {
+SmallPicture stripedDesktop() {
     QImage desktop(400, 300, QImage::Format_RGB32);
     for (int y = 0; y < 300; ++y) {
         for (int x = 0; x < 400; ++x)
             desktop.setPixelColor(x, y, x < 150 || x / 8 % 2 ? rgb(0.1, 0.8, 0.2) : rgb(0.1, 0.2, 0.8));
     }
-    return desktop;
+    return SmallPicture::of(desktop, DesktopBackdrop::reduction(1));
 }
 
 } // namespace

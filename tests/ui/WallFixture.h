@@ -45,13 +45,14 @@ inline void collect(QQuickItem* item, const char* type, QList<QQuickItem*>& foun
 // A desktop that is the same wherever one looks, and that can be hidden.
 class PlainDesktop : public DesktopCapture {
 public:
-    QImage capture(const QScreen& screen) override {
+    bool read(const QScreen& screen, const TakeRows& take) override {
         ++captures;
         if (!color.isValid())
-            return {};
+            return false;
         QImage image((QSizeF(screen.size()) * screen.devicePixelRatio()).toSize(), QImage::Format_RGB32);
         image.fill(color);
-        return image;
+        take(image, image.size());
+        return true;
     }
 
     QColor color;

@@ -1,6 +1,5 @@
 #include "platform/linux/x11/X11DesktopCapture.h"
 
-#include "platform/linux/x11/PictureMemory.h"
 #include "platform/linux/x11/QtX11Connection.h"
 #include "platform/linux/x11/ScreenPixels.h"
 #include "platform/linux/x11/X11RootReader.h"
@@ -37,23 +36,28 @@ bool isGuest(xcb_connection_t* connection, const QScreen& screen) {
 
 } // namespace
 
-QImage X11DesktopCapture::capture(const QScreen& screen) {
+bool X11DesktopCapture::read(const QScreen& screen, const TakeRows& take) {
     const auto x11 = QtX11Connection::current();
     if (!x11 || isGuest(x11->connection, screen))
-        return {};
+        return false;
     const X11RootReader reader(x11->connection, x11->root, m_patience);
     const QRect root = reader.area().value_or(QRect());
     const QRect wanted = withoutRoundedEdge(pixelsOf(screen), root, screen.devicePixelRatio());
     const QRect seen = wanted & root;
-    QImage picture = reader.picture(seen);
-    if (picture.isNull() || seen == wanted)
-        return picture;
-    QImage whole = makeLargePicture(wanted.size());
+    if (seen == wanted)
+        return reader.read(seen, take);
+    QImage whole(wanted.size(), QImage::Format_RGB32);
     if (whole.isNull())
-        return {};
+        return false;
     whole.fill(Qt::black);
-    QPainter(&whole).drawImage(seen.topLeft() - wanted.topLeft(), picture);
-    return whole;
+    QPoint place = seen.topLeft() - wanted.topLeft();
+    const bool isWhole = reader.read(seen, [&](const QImage& rows, QSize) {
+        QPainter(&whole).drawImage(place, rows);
+        place.ry() += rows.height();
+    });
+    if (isWhole)
+        take(whole, whole.size());
+    return isWhole;
 }
 
 } // namespace zelmo

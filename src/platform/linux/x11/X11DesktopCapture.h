@@ -6,7 +6,7 @@
 
 namespace zelmo {
 
-// Takes the picture of a screen from the X server that Qt shows its windows on. Keeps nothing between two pictures.
+// Reads a screen of the X server that Qt shows its windows on. Keeps nothing between two pictures.
 // Main thread.
 class X11DesktopCapture : public DesktopCapture {
 public:
@@ -14,9 +14,9 @@ public:
     explicit X11DesktopCapture(std::chrono::milliseconds patience = std::chrono::milliseconds(250))
         : m_patience(patience) {}
 
-    // Null also where the X server is a guest of a Wayland compositor and sees nothing but its own windows.
-    // What of the screen is not on the desktop, as when it has just been unplugged, is black; null when that is all.
-    QImage capture(const QScreen& screen) override;
+    // False also where the X server is a guest of a Wayland compositor and sees nothing but its own windows.
+    // What of the screen is not on the desktop, as when it has just been unplugged, is black; false when that is all.
+    bool read(const QScreen& screen, const TakeRows& take) override;
 
 private:
     std::chrono::milliseconds m_patience;

@@ -132,20 +132,20 @@ bool X11PixelLayout::isRgb32() const {
            blueMask == 0xff;
 }
 
-void X11PixelLayout::convert(const std::uint8_t* pixels, int rows, QImage& picture, int top) const {
-    const std::size_t step = bytesPerLine(picture.width());
+void X11PixelLayout::convert(const std::uint8_t* pixels, QImage& rows) const {
+    const std::size_t step = bytesPerLine(rows.width());
     if (isRgb32()) {
-        for (int row = 0; row < rows; ++row)
-            makeOpaque(pixels + static_cast<std::size_t>(row) * step,
-                       reinterpret_cast<QRgb*>(picture.scanLine(top + row)), picture.width());
+        for (int row = 0; row < rows.height(); ++row)
+            makeOpaque(pixels + static_cast<std::size_t>(row) * step, reinterpret_cast<QRgb*>(rows.scanLine(row)),
+                       rows.width());
         return;
     }
     const Channels channels{Channel(redMask), Channel(greenMask), Channel(blueMask)};
     const auto convertOne = byteOrder == ByteOrder::leastFirst ? rowConversion<ByteOrder::leastFirst>(bitsPerPixel)
                                                                : rowConversion<ByteOrder::mostFirst>(bitsPerPixel);
-    for (int row = 0; row < rows; ++row)
-        convertOne(pixels + static_cast<std::size_t>(row) * step, reinterpret_cast<QRgb*>(picture.scanLine(top + row)),
-                   picture.width(), channels);
+    for (int row = 0; row < rows.height(); ++row)
+        convertOne(pixels + static_cast<std::size_t>(row) * step, reinterpret_cast<QRgb*>(rows.scanLine(row)),
+                   rows.width(), channels);
 }
 
 } // namespace zelmo

@@ -20,8 +20,8 @@ struct X11PixelLayout {
     std::size_t bytesPerLine(int width) const;
     // Whether the pixels are what QImage::Format_RGB32 is, but for the byte that says how opaque they are.
     bool isRgb32() const;
-    // Writes rows of pixels, as wide as the RGB32 picture, over the picture's rows from `top` on.
-    void convert(const std::uint8_t* pixels, int rows, QImage& picture, int top) const;
+    // Writes pixels over all rows of an RGB32 picture.
+    void convert(const std::uint8_t* pixels, QImage& rows) const;
 
     int bitsPerPixel = 0; // 16, 24 or 32
     int linePadding = 32; // in bits

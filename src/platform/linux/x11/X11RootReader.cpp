@@ -1,6 +1,5 @@
 #include "platform/linux/x11/X11RootReader.h"
 
-#include "platform/linux/x11/PictureMemory.h"
 #include "platform/linux/x11/RootStrips.h"
 #include "platform/linux/x11/XcbReply.h"
 
@@ -44,23 +43,19 @@ std::optional<QRect> X11RootReader::area() const {
     return QRect(0, 0, geometry->width, geometry->height);
 }
 
-QImage X11RootReader::picture(const QRect& part) const {
+bool X11RootReader::read(const QRect& part, const DesktopCapture::TakeRows& take) const {
     if (!m_layout || !isExpressible(part))
-        return {};
-    QImage picture = makeLargePicture(part.size());
-    if (picture.isNull())
-        return {};
+        return false;
     const std::size_t step = m_layout->bytesPerLine(part.width());
     const std::size_t rowsAtOnce = std::max<std::size_t>(1, stripBytes / step);
     auto strips = shareRootStrips(m_connection, m_root, rowsAtOnce * step);
     if (!strips)
         strips = receiveRootStrips(m_connection, m_root);
-    if (!fill(picture, part, *strips, static_cast<int>(rowsAtOnce)))
-        return {};
-    return picture;
+    return read(part, *strips, static_cast<int>(rowsAtOnce), take);
 }
 
-bool X11RootReader::fill(QImage& picture, const QRect& part, RootStrips& strips, int rowsAtOnce) const {
+bool X11RootReader::read(const QRect& part, RootStrips& strips, int rowsAtOnce,
+                         const DesktopCapture::TakeRows& take) const {
     const auto end = std::chrono::steady_clock::now() + m_patience;
     const std::size_t step = m_layout->bytesPerLine(part.width());
     const auto rowsFrom = [&](int top) { return std::min(rowsAtOnce, part.height() - top); };
@@ -68,13 +63,20 @@ bool X11RootReader::fill(QImage& picture, const QRect& part, RootStrips& strips,
         if (top < part.height())
             strips.ask(QRect(part.x(), part.y() + top, part.width(), rowsFrom(top)));
     };
+    QImage strip;
     askFrom(0);
     for (int top = 0; top < part.height(); top += rowsAtOnce) {
         askFrom(top + rowsAtOnce);
-        const std::uint8_t* pixels = strips.take(step * static_cast<std::size_t>(rowsFrom(top)));
+        const int rows = rowsFrom(top);
+        const std::uint8_t* pixels = strips.take(step * static_cast<std::size_t>(rows));
         if (!pixels || std::chrono::steady_clock::now() > end)
             return false;
-        m_layout->convert(pixels, rowsFrom(top), picture, top);
+        if (strip.height() != rows)
+            strip = QImage(part.width(), rows, QImage::Format_RGB32);
+        if (strip.isNull())
+            return false;
+        m_layout->convert(pixels, strip);
+        take(strip, part.size());
     }
     return true;
 }

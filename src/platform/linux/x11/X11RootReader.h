@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/x11/X11PixelLayout.h"
+#include "ui/DesktopCapture.h"
 
 #include <QRect>
 
@@ -21,12 +22,13 @@ public:
     // What the root covers now; nothing when the server is gone.
     std::optional<QRect> area() const;
 
-    // That part of the root as opaque RGB32. Null when it reaches beyond the root, when the server's pixels are numbers
-    // in a table of colours, or when patience ends. What changes on the screen meanwhile may be seen in a part of it.
-    QImage picture(const QRect& part) const;
+    // That part of the root as opaque RGB32, row by row from the top. False when it reaches beyond the root, when the
+    // server's pixels are numbers in a table of colours, or when patience ends; nothing of it counts then. What changes
+    // on the screen meanwhile may be seen in a part of it.
+    bool read(const QRect& part, const DesktopCapture::TakeRows& take) const;
 
 private:
-    bool fill(QImage& picture, const QRect& part, RootStrips& strips, int rowsAtOnce) const;
+    bool read(const QRect& part, RootStrips& strips, int rowsAtOnce, const DesktopCapture::TakeRows& take) const;
 
     xcb_connection_t* m_connection;
     xcb_window_t m_root;

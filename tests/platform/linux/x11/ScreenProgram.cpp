@@ -4,6 +4,7 @@
 
 #include "platform/linux/x11/X11DesktopCapture.h"
 #include "platform/linux/x11/X11MainScreen.h"
+#include "support/WholePicture.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -13,6 +14,7 @@
 #include <unistd.h>
 
 using namespace zelmo;
+using namespace zelmo::test;
 
 namespace {
 
@@ -36,7 +38,10 @@ QString screenList() {
 
 QString capture(const QString& name, const QString& file) {
     const QScreen* screen = screenNamed(name);
-    const QImage picture = screen ? X11DesktopCapture().capture(*screen) : QImage();
+    const QImage picture = screen ? wholePicture([&](const DesktopCapture::TakeRows& take) {
+        return X11DesktopCapture().read(*screen, take);
+    })
+                                  : QImage();
     if (picture.isNull() || !picture.save(file, "png"))
         return QStringLiteral("null");
     return QStringLiteral("%1x%2").arg(picture.width()).arg(picture.height());
