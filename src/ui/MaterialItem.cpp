@@ -9,12 +9,43 @@
 #include <QSGTexture>
 
 #include <algorithm>
+#include <utility>
 
 namespace zelmo {
 
+namespace {
+
+// The shadow by itself: it stays as it is while the desktop behind changes.
+class MaterialNode : public QSGNode {
+public:
+    explicit MaterialNode(QQuickWindow& window) : m_window(window) {}
+
+    // `margin` is in pixels, of which a point has `scale`.
+    void showShadow(const QImage& picture, int margin, double scale) { show(m_shadow, picture, margin, scale); }
+    // After the shadow, which lies below it.
+    void showSurface(const QImage& picture, double scale) { show(m_surface, picture, 0, scale); }
+
+private:
+    void show(QSGImageNode*& image, const QImage& picture, int margin, double scale) {
+        if (!image) {
+            image = m_window.createImageNode();
+            image->setOwnsTexture(true);
+            appendChildNode(image);
+        }
+        image->setTexture(m_window.createTextureFromImage(picture, QQuickWindow::TextureHasAlphaChannel));
+        image->setRect(QRectF(QPointF(-margin, -margin) / scale, QSizeF(picture.size()) / scale));
+    }
+
+    QQuickWindow& m_window;
+    QSGImageNode* m_shadow = nullptr;
+    QSGImageNode* m_surface = nullptr;
+};
+
+} // namespace
+
 MaterialItem::MaterialItem() {
     setFlag(ItemHasContents);
-    connect(this, &MaterialItem::changed, this, &MaterialItem::noteChange);
+    connect(this, &MaterialItem::changed, this, &MaterialItem::noteLook);
 }
 
 void MaterialItem::setBackground(BackgroundItem* background) {
@@ -24,61 +55,69 @@ void MaterialItem::setBackground(BackgroundItem* background) {
         m_background->disconnect(this);
     m_background = background;
     if (m_background)
-        connect(m_background, &BackgroundItem::contentChanged, this, &MaterialItem::noteChange);
+        connect(m_background, &BackgroundItem::contentChanged, this, &MaterialItem::noteBackground);
     Q_EMIT changed();
 }
 
 QSGNode* MaterialItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
     if (!m_background || boundingRect().isEmpty()) {
         delete node;
+        m_shadowIsStale = true;
+        m_surfaceIsStale = true;
         return nullptr;
     }
-    auto* image = static_cast<QSGImageNode*>(node);
-    if (image && !m_stale)
-        return image;
-    m_stale = false;
+    auto* material = node ? static_cast<MaterialNode*>(node) : new MaterialNode(*window());
     const double scale = window()->effectiveDevicePixelRatio();
     const QSize pixels = (size() * scale).toSize();
-    const ShadowStyle shadow{
-        .opacity = m_shadowOpacity, .radius = m_shadowRadius * scale, .offset = m_shadowOffset * scale};
-    QImage picture = plateShadow(pixels, m_radius * scale, shadow);
-    const int margin = shadowMargin(shadow);
-    {
-        QPainter painter(&picture);
-        painter.translate(margin, margin);
-        paintSurface(painter, pixels, scale);
+    if (std::exchange(m_shadowIsStale, false)) {
+        const ShadowStyle shadow{
+            .opacity = m_shadowOpacity, .radius = m_shadowRadius * scale, .offset = m_shadowOffset * scale};
+        material->showShadow(plateShadow(pixels, m_radius * scale, shadow), shadowMargin(shadow), scale);
     }
-    if (!image) {
-        image = window()->createImageNode();
-        image->setOwnsTexture(true);
-    }
-    image->setTexture(window()->createTextureFromImage(picture, QQuickWindow::TextureHasAlphaChannel));
-    image->setRect(QRectF(QPointF(-margin, -margin) / scale, QSizeF(picture.size()) / scale));
-    return image;
+    if (std::exchange(m_surfaceIsStale, false))
+        material->showSurface(surface(pixels, scale), scale);
+    return material;
 }
 
-void MaterialItem::paintSurface(QPainter& painter, QSize pixels, double scale) const {
+QImage MaterialItem::surface(QSize pixels, double scale) const {
     const QRect area((mapToItem(m_background, QPointF()) * scale).toPoint(), pixels);
-    QBrush brush(m_background->throughMaterialAt(area, scale));
-    brush.setTransform(QTransform::fromTranslate(std::max(0, area.x()) - area.x(), std::max(0, area.y()) - area.y()));
+    QImage picture = m_background->throughMaterialAt(area, scale);
+    if (!picture.reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied))
+        return {};
+    if (picture.size() != pixels)
+        picture = picture.copy(QRect({std::min(0, area.x()), std::min(0, area.y())}, pixels));
+    // What lies outside of the corners.
+    const QRectF whole({0, 0}, QSizeF(pixels));
+    QPainterPath outside = continuousRectangle(whole, m_radius * scale);
+    outside.addRect(whole);
+    QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(continuousRectangle(QRectF(QPointF(), QSizeF(pixels)), m_radius * scale), brush);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+    painter.fillPath(outside, Qt::black);
+    return picture;
 }
 
 void MaterialItem::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
     QQuickItem::geometryChange(newGeometry, oldGeometry);
-    if (newGeometry != oldGeometry)
-        noteChange();
+    if (newGeometry.size() != oldGeometry.size())
+        noteLook();
+    else if (newGeometry != oldGeometry)
+        noteBackground();
 }
 
 void MaterialItem::itemChange(ItemChange change, const ItemChangeData& data) {
     if (change == ItemDevicePixelRatioHasChanged)
-        noteChange();
+        noteLook();
     QQuickItem::itemChange(change, data);
 }
 
-void MaterialItem::noteChange() {
-    m_stale = true;
+void MaterialItem::noteLook() {
+    m_shadowIsStale = true;
+    noteBackground();
+}
+
+void MaterialItem::noteBackground() {
+    m_surfaceIsStale = true;
     update();
 }
 

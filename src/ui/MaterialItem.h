@@ -32,15 +32,17 @@ protected:
     void itemChange(ItemChange change, const ItemChangeData& data) override;
 
 private:
-    void noteChange();
-    void paintSurface(QPainter& painter, QSize pixels, double scale) const;
+    void noteLook();
+    void noteBackground();
+    QImage surface(QSize pixels, double scale) const;
 
     QPointer<BackgroundItem> m_background;
     qreal m_radius = 0;
     qreal m_shadowOpacity = 0;
     qreal m_shadowRadius = 0;
     qreal m_shadowOffset = 0;
-    bool m_stale = true;
+    bool m_shadowIsStale = true;
+    bool m_surfaceIsStale = true;
 };
 
 } // namespace zelmo
