@@ -98,8 +98,15 @@ private Q_SLOTS:
         }
     }
 
+    // Window managers read it from different properties.
+    void itIsOnEveryWorkspace_data() {
+        QTest::addColumn<QString>("windowManager");
+        for (const char* name : {"openbox", "metacity", "xfwm4"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
     void itIsOnEveryWorkspace() {
-        const auto session = DesktopSession::start();
+        QFETCH(QString, windowManager);
+        const auto session = DesktopSession::start({.windowManager = windowManager});
         QVERIFY(session);
         const WallOnScreen wall(*session);
         QVERIFY(wall.waitUntilShown());

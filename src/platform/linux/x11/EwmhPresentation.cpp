@@ -5,6 +5,8 @@
 
 #include <QWindow>
 
+#include <algorithm>
+#include <span>
 #include <string_view>
 #include <xcb/xcb.h>
 
@@ -18,8 +20,23 @@ xcb_atom_t atom(xcb_connection_t* connection, std::string_view name) {
     return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
-// Window managers read it as a window comes up, and take it off one that is gone. They are not asked to leave the
-// window out of their lists: some then don't give it the focus when a dialog of ours has closed.
+// Adds a state to those that the window has. Qt keeps what it finds there when it writes its own.
+void addState(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t state) {
+    constexpr std::uint32_t mostStates = 64;
+    const xcb_atom_t states = atom(connection, "_NET_WM_STATE");
+    const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+        connection, xcb_get_property(connection, 0, window, states, XCB_ATOM_ATOM, 0, mostStates), nullptr));
+    if (reply && reply->format == 32) {
+        const std::span present(static_cast<const xcb_atom_t*>(xcb_get_property_value(reply.get())), reply->value_len);
+        if (std::find(present.begin(), present.end(), state) != present.end())
+            return;
+    }
+    xcb_change_property(connection, XCB_PROP_MODE_APPEND, window, states, XCB_ATOM_ATOM, 32, 1, &state);
+}
+
+// Window managers read it as a window comes up, and take it off one that is gone. xfwm4 4.18 puts a window with the
+// number of all workspaces on its last one, and goes by the state. They are not asked to leave the window out of their
+// lists: some then don't give it the focus when a dialog of ours has closed.
 void keepOnAllWorkspaces(QWindow& window) {
     constexpr std::uint32_t everyWorkspace = 0xffffffff;
     const auto x11 = QtX11Connection::current();
@@ -28,6 +45,7 @@ void keepOnAllWorkspaces(QWindow& window) {
     const auto id = static_cast<xcb_window_t>(window.winId());
     const xcb_atom_t desktop = atom(x11->connection, "_NET_WM_DESKTOP");
     xcb_change_property(x11->connection, XCB_PROP_MODE_REPLACE, id, desktop, XCB_ATOM_CARDINAL, 32, 1, &everyWorkspace);
+    addState(x11->connection, id, atom(x11->connection, "_NET_WM_STATE_STICKY"));
 }
 
 } // namespace
