@@ -3,21 +3,12 @@ import Zelmo.Ui
 
 // What the cards of all layouts have in common: plate, selection, click. Their size is set by the grid. Where a click
 // counts, also between what is drawn, is a plate's shape that itself is not drawn.
-PlateItem {
+CardItem {
     id: card
 
     required property LauncherStore store
     required property WallStyle style
     required property IconCache icons
-    required property var app
-    required property string name
-    required property var appIcon
-    required property string categoryLabel
-    required property string symbol
-    required property color accentColor
-    required property var tileColors
-    required property string usageSummary
-    required property bool selected
     readonly property bool isScaled: card.scale !== 1
     readonly property bool isEditing: card.store.isEditingApps
     property bool isComplete

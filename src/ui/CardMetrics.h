@@ -46,7 +46,6 @@ class CardMetrics : public QObject {
     Q_PROPERTY(qreal minimalNameSmaller READ minimalNameSmaller CONSTANT)
     Q_PROPERTY(qreal minimalNameMinimumSize READ minimalNameMinimumSize CONSTANT)
     Q_PROPERTY(qreal tilePadding READ tilePadding CONSTANT)
-    Q_PROPERTY(QColor tileVeil READ tileVeil CONSTANT)
     Q_PROPERTY(qreal tileSpacing READ tileSpacing CONSTANT)
     Q_PROPERTY(qreal tileLabelSpacing READ tileLabelSpacing CONSTANT)
     Q_PROPERTY(qreal tileNameMinimumSize READ tileNameMinimumSize CONSTANT)

@@ -17,6 +17,12 @@ struct LauncherStoreForQml {
     QML_UNCREATABLE("made at start-up")
 };
 
+struct LaunchableAppForQml {
+    Q_GADGET
+    QML_FOREIGN(zelmo::LaunchableApp)
+    QML_ANONYMOUS
+};
+
 struct AppIconForQml {
     Q_GADGET
     QML_FOREIGN(zelmo::AppIcon)

@@ -15,6 +15,13 @@ QColor withOpacity(QColor color, double part) {
     return color;
 }
 
+QColor through(const QColor& veil, const QColor& below) {
+    const float part = veil.alphaF();
+    const auto mix = [part](float over, float under) { return over * part + under * (1 - part); };
+    return QColor::fromRgbF(mix(veil.redF(), below.redF()), mix(veil.greenF(), below.greenF()),
+                            mix(veil.blueF(), below.blueF()));
+}
+
 QColor white(double opacity) {
     return withOpacity(Qt::white, opacity);
 }

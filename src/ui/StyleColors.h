@@ -10,6 +10,8 @@ namespace zelmo {
 QColor toQColor(const StyleColor& color);
 // The colour with its opacity reduced to this part of it.
 QColor withOpacity(QColor color, double part);
+// What an opaque colour looks like through the other one.
+QColor through(const QColor& veil, const QColor& below);
 QColor white(double opacity);
 QColor black(double opacity);
 

@@ -9,7 +9,7 @@ AppTileCard {
         z: -2
         smooth: card.isScaled
         mirrored: card.LayoutMirroring.enabled
-        colors: card.tileColors.map(color => Qt.tint(color, CardMetrics.tileVeil))
+        colors: card.tileColors
     }
     SymbolItem {
         anchors {

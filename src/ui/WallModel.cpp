@@ -1,6 +1,7 @@
 #include "ui/WallModel.h"
 
 #include "catalog/LauncherStore.h"
+#include "ui/CardMetrics.h"
 #include "ui/ListChanges.h"
 #include "ui/StyleColors.h"
 #include "ui/TilePalette.h"
@@ -47,7 +48,8 @@ QVariant WallModel::data(const QModelIndex& index, int role) const {
         return toQColor(style.accentColor);
     case TileColorsRole: {
         const TileFill fill = lumiaTileFill(app.name);
-        return QVariant::fromValue(QList{fill.start, fill.end});
+        const QColor veil = CardMetrics::tileVeil();
+        return QVariant::fromValue(QList{through(veil, fill.start), through(veil, fill.end)});
     }
     case UsageSummaryRole:
         return m_store.showsMostUsed() ? m_store.usageSummary(app).value_or(QString()) : QString();

@@ -28,7 +28,7 @@ public:
         CategoryLabelRole,
         SymbolRole,
         AccentColorRole,
-        TileColorsRole,   // of the gradient
+        TileColorsRole,   // of the gradient, through its veil
         UsageSummaryRole, // empty while the wall does not show Most Used, and for what was never used
         SelectedRole,
     };
