@@ -45,6 +45,14 @@ bool isClear(const PlateColors& colors) {
     return std::all_of(colors.stops.begin(), colors.stops.end(), [](const QColor& stop) { return stop.alpha() == 0; });
 }
 
+// Whether nothing comes through anywhere.
+bool isOpaque(const PlateStyle& style, QSizeF pixels) {
+    return style.radius <= 0 && style.shadow.opacity <= 0 && pixels == QSizeF(pixels.toSize()) &&
+           !style.fill.stops.isEmpty() &&
+           std::all_of(style.fill.stops.begin(), style.fill.stops.end(),
+                       [](const QColor& stop) { return stop.alpha() == 255; });
+}
+
 // Fills a path of points. The gradient runs over the area.
 void fill(QImage& image, double scale, const QPainterPath& path, const PlateColors& colors, const QRectF& area,
           bool isMirrored) {
@@ -116,6 +124,8 @@ QImage paintPlate(QSizeF size, double scale, const PlateStyle& style) {
             ring.addPath(continuousRectangle(inside, style.radius - width));
         fill(image, scale, ring, style.stroke, area, style.isMirrored);
     }
+    if (isOpaque(style, size * scale))
+        image.reinterpretAsFormat(QImage::Format_RGB32);
     return style.shadow.opacity > 0 ? withShadow(image, inPixels(style.shadow, scale)) : image;
 }
 

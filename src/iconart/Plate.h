@@ -34,8 +34,8 @@ std::size_t qHash(const PlateStyle& style, std::size_t seed = 0);
 
 // How far the picture of such a plate reaches beyond the plate on every side, in pixels.
 int plateMargin(const PlateStyle& style, double scale);
-// A plate of this size in points at so many pixels to the point, with its margin. Null when there is nothing to see.
-// Any thread.
+// A plate of this size in points at so many pixels to the point, with its margin; as RGB32 when nothing comes through
+// it. Null when there is nothing to see. Any thread.
 QImage paintPlate(QSizeF size, double scale, const PlateStyle& style);
 // The shadow alone of an opaque plate of so many pixels, on a canvas larger by the shadow's margin on every side. The
 // radius is in pixels. Any thread.

@@ -30,7 +30,8 @@ std::shared_ptr<QSGTexture> PlateCache::texture(QSizeF size, double scale, const
     const QImage image = picture(size, scale, style);
     if (image.isNull())
         return nullptr;
-    std::shared_ptr<QSGTexture> texture(m_window.createTextureFromImage(image, QQuickWindow::TextureHasAlphaChannel));
+    std::shared_ptr<QSGTexture> texture(m_window.createTextureFromImage(
+        image, image.hasAlphaChannel() ? QQuickWindow::TextureHasAlphaChannel : QQuickWindow::TextureIsOpaque));
     m_textures.insert(key, texture);
     return texture;
 }

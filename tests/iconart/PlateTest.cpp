@@ -119,6 +119,22 @@ private Q_SLOTS:
         QVERIFY(other != style);
         QVERIFY(qHash(other) != qHash(style));
     }
+
+    void aPlateThroughWhichNothingComesIsOpaque() {
+        const auto isOpaque = [](const PlateStyle& style, QSizeF size = {20, 10}) {
+            return !paintPlate(size, 1, style).hasAlphaChannel();
+        };
+        const PlateColors full{.stops = {Qt::red, Qt::blue}};
+        QVERIFY(isOpaque({.fill = full}));
+        QCOMPARE(paintPlate({20, 10}, 1, {.fill = {.stops = {Qt::red}}}).pixelColor(19, 9), QColor(Qt::red));
+        QVERIFY(isOpaque({.fill = full, .stroke = {.stops = {QColor(0, 0, 0, 90)}}, .strokeWidth = 1}));
+        QVERIFY(!isOpaque({.fill = {.stops = {Qt::red, QColor(0, 0, 255, 254)}}}));
+        QVERIFY(!isOpaque({.radius = 4, .fill = full}));
+        QVERIFY(!isOpaque({.fill = full, .shadow = {.opacity = 0.1, .radius = 2}}));
+        QVERIFY(!isOpaque({.stroke = full, .strokeWidth = 1}));
+        // The last column is covered in part.
+        QVERIFY(!isOpaque({.fill = full}, {20.5, 10}));
+    }
 };
 
 QTEST_GUILESS_MAIN(PlateTest)
