@@ -24,7 +24,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         return 0;
     const auto before = list->values();
     for (auto it = before.cbegin(); it != before.cend(); ++it) {
-        const bool isText = std::holds_alternative<QString>(*it);
+        // Bytes that are no UTF-8 show as replacements, by which they are not found again.
+        const bool isText = std::holds_alternative<QString>(*it) && !it.key().contains(QChar::ReplacementCharacter);
         const auto text = list->string(it.key().toUtf8().constData());
         fuzz::require(!isText || text == std::get<QString>(*it), "a text shows by its key as it does among all");
     }

@@ -2,6 +2,8 @@
 
 #include "platform/linux/propertylist/PropertyListGuard.h"
 
+#include <QSet>
+
 #include <clocale>
 #include <cstdlib>
 #include <limits>
@@ -187,6 +189,8 @@ QHash<QString, PropertyListValue> PropertyList::values() const {
     plist_dict_iter position = nullptr;
     plist_dict_new_iter(m_root.get(), &position);
     const std::unique_ptr<void, Freed> owned(position);
+    // A binary list may hold a key twice. The first one is what counts wherever a value is asked for or set.
+    QSet<QByteArray> seenKeys;
     for (;;) {
         char* key = nullptr;
         plist_t node = nullptr;
@@ -194,7 +198,10 @@ QHash<QString, PropertyListValue> PropertyList::values() const {
         const std::unique_ptr<char, Freed> ownedKey(key);
         if (!node)
             return values;
-        insertValue(values, QString::fromUtf8(key), node);
+        const auto count = seenKeys.size();
+        seenKeys.insert(key);
+        if (seenKeys.size() != count)
+            insertValue(values, QString::fromUtf8(key), node);
     }
 }
 
