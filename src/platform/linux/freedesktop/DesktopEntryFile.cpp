@@ -73,13 +73,16 @@ private:
 
     bool readLine(std::string_view line) {
         line = DesktopEntryLine::withoutLeadingSpace(line);
+        const std::string_view wholeLine = line;
         // Texts end at a NUL byte; what follows it on the line doesn't exist.
         if (m_hasNul)
             line = line.substr(0, line.find('\0'));
         if (line.empty() || line.front() == '#')
             return true;
-        if (const std::optional<std::string_view> group = DesktopEntryLine::groupName(line))
-            return startGroup(*group);
+        if (const std::optional<std::string_view> group = DesktopEntryLine::groupName(line)) {
+            // GLib looks for the last bracket behind a NUL byte too; the first one is a part of the name then.
+            return wholeLine.rfind(']') < line.size() && startGroup(*group);
+        }
         if (m_place == Place::beforeGroups)
             return false;
         const std::optional<DesktopEntryLine::Pair> pair = DesktopEntryLine::pair(line);

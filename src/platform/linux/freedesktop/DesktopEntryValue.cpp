@@ -76,7 +76,8 @@ std::optional<QString> text(std::string_view raw) {
         return decode(raw);
     if (!isUtf8(raw))
         return std::nullopt;
-    return QString::fromUtf8(unescaped(raw));
+    const QByteArray plain = unescaped(raw);
+    return decode({plain.constData(), static_cast<std::size_t>(plain.size())});
 }
 
 std::optional<QList<QByteArray>> list(std::string_view raw) {
