@@ -13,12 +13,16 @@ SvgCost& SvgCost::operator+=(const SvgCost& other) {
     elements += other.elements;
     geometry += other.geometry;
     characters += other.characters;
+    texts += other.texts;
+    points += other.points;
+    strokedPoints += other.strokedPoints;
     dashedPoints += other.dashedPoints;
     return *this;
 }
 
 bool SvgCost::isWithin(const SvgCost& limit) const {
     return elements <= limit.elements && geometry <= limit.geometry && characters <= limit.characters &&
+           texts <= limit.texts && points <= limit.points && strokedPoints <= limit.strokedPoints &&
            dashedPoints <= limit.dashedPoints;
 }
 

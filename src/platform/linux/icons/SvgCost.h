@@ -13,7 +13,10 @@ struct SvgCost {
     qint64 elements = 0;
     qint64 geometry = 0; // length of the outlines' descriptions
     qint64 characters = 0;
-    qint64 dashedPoints = 0; // numbers in the descriptions of dashed outlines
+    qint64 texts = 0;         // elements that may each name a font of their own
+    qint64 points = 0;        // numbers in the descriptions of outlines
+    qint64 strokedPoints = 0; // those of stroked ones
+    qint64 dashedPoints = 0;  // those of dashed ones
 
     SvgCost& operator+=(const SvgCost& other);
     bool isWithin(const SvgCost& limit) const;
