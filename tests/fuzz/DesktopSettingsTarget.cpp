@@ -11,7 +11,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         folder.write(name, fuzz::copyOf(data, size));
     const QByteArray path = folder.path("");
     kdeReducesMotion({path});
-    for (const QByteArray& desktop : {"KDE", "GNOME"}) {
+    for (const char* desktop : {"KDE", "GNOME"}) {
         const auto theme =
             IconThemeName::chosen({.home = path, .dataFolders = {}, .configFolders = {path}, .desktops = {desktop}});
         fuzz::require(!theme || isFolderName(*theme), "a theme lies among the themes");
