@@ -3,6 +3,7 @@
 #include "platform/linux/propertylist/PropertyListGuard.h"
 
 #include <QSet>
+#include <QStringDecoder>
 
 #include <clocale>
 #include <cstdlib>
@@ -35,10 +36,17 @@ struct Freed {
     void operator()(void* memory) const { std::free(memory); }
 };
 
+// A mark of byte order is a character like any other in a text.
+QString textOf(QByteArrayView utf8) {
+    QStringDecoder decoder(QStringDecoder::Utf8,
+                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
+    return decoder.decode(utf8);
+}
+
 QString stringValue(plist_t node) {
     std::uint64_t length = 0;
     const char* text = plist_get_string_ptr(node, &length);
-    return QString::fromUtf8(text, static_cast<qsizetype>(length));
+    return textOf(QByteArrayView(text, static_cast<qsizetype>(length)));
 }
 
 // Texts of C end at the first zero character, and XML has no way to write one.
@@ -201,7 +209,7 @@ QHash<QString, PropertyListValue> PropertyList::values() const {
         const auto count = seenKeys.size();
         seenKeys.insert(key);
         if (seenKeys.size() != count)
-            insertValue(values, QString::fromUtf8(key), node);
+            insertValue(values, textOf(key), node);
     }
 }
 
