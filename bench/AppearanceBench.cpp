@@ -61,6 +61,13 @@ void cachedPlate(benchmark::State& state) {
 }
 BENCHMARK(cachedPlate);
 
+// Of the wall's panel on a screen of 1920 points.
+void panelShadow(benchmark::State& state) {
+    for (auto _ : state)
+        benchmark::DoNotOptimize(plateShadow({1440, 229}, 32, {.opacity = 0.14, .radius = 24, .offset = 10}));
+}
+BENCHMARK(panelShadow)->Unit(benchmark::kMicrosecond);
+
 // Of a whole screen of so many pixels to the point.
 void materialOfAScreen(benchmark::State& state) {
     const auto scale = static_cast<int>(state.range(0));

@@ -117,6 +117,19 @@ void decodeSvg(benchmark::State& state) {
 }
 BENCHMARK(decodeSvg)->Unit(benchmark::kMicrosecond);
 
+void decodeSvgWithEffects(benchmark::State& state) {
+    QByteArray svg = "<svg xmlns='http://www.w3.org/2000/svg' width='48' height='48'><filter id='f'><feColorMatrix "
+                     "values='0 0 0 0 1 0 0 0 0 1 0 0 0 0 1 0 0 0 1 0'/></filter>";
+    for (const char* name : {"a", "b", "c"})
+        svg += QByteArray("<mask id='") + name +
+               "'><g filter='url(#f)'><rect fill-opacity='.5' width='48' height='48'/></g></mask><g mask='url(#" +
+               name + ")'><circle cx='24' cy='24' r='20' fill='#06f'/></g>";
+    svg += "</svg>";
+    for ([[maybe_unused]] auto _ : state)
+        benchmark::DoNotOptimize(IconFileDecoder::decode(svg, 208));
+}
+BENCHMARK(decodeSvgWithEffects)->Unit(benchmark::kMicrosecond);
+
 } // namespace
 
 int main(int argc, char** argv) {

@@ -1,28 +1,11 @@
 #include "bench/Resident.h"
 
+#include "support/ProcFile.h"
+
 #include <QDir>
-#include <QFile>
 #include <QPainter>
 
 namespace zelmo::bench {
-
-namespace {
-
-QByteArray contents(const QString& path) {
-    QFile file(path);
-    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-// The number behind a name in a file of lines such as "name: 12 kB".
-double numberNamed(const QByteArray& text, const char* name) {
-    for (const QByteArray& line : text.split('\n')) {
-        if (line.startsWith(name))
-            return line.mid(line.indexOf(':') + 1).simplified().split(' ').first().toDouble();
-    }
-    return 0;
-}
-
-} // namespace
 
 void installApplications(const test::DesktopSession& session, int count) {
     for (int i = 0; i < count; ++i) {
@@ -48,19 +31,16 @@ void installApplications(const test::DesktopSession& session, int count) {
                       "[Icon Theme]\nName=Hicolor\nDirectories=128x128/apps\n[128x128/apps]\nSize=128\nType=Fixed\n");
 }
 
-double proportionalMemory(qint64 process) {
-    return numberNamed(contents(QStringLiteral("/proc/%1/smaps_rollup").arg(process)), "Pss:") / 1024;
-}
-
 Effort effortOf(qint64 process) {
     Effort effort;
     const QDir threads(QStringLiteral("/proc/%1/task").arg(process));
     for (const QString& thread : threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        const QString folder = threads.filePath(thread);
+        const auto file = [&](const char* name) {
+            return test::procFile(process, QStringLiteral("task/%1/%2").arg(thread, QLatin1StringView(name)));
+        };
         // In nanoseconds.
-        effort.processorMilliseconds +=
-            contents(folder + QStringLiteral("/schedstat")).split(' ').first().toDouble() / 1e6;
-        effort.pauses += numberNamed(contents(folder + QStringLiteral("/status")), "voluntary_ctxt_switches:");
+        effort.processorMilliseconds += file("schedstat").split(' ').first().toDouble() / 1e6;
+        effort.pauses += test::procNumber(file("status"), "voluntary_ctxt_switches:");
     }
     return effort;
 }
@@ -69,6 +49,18 @@ void pressShortcut(const test::XDisplay& display) {
     display.holdKey(test::altKey);
     display.typeKey(test::spaceKey);
     display.releaseKey(test::altKey);
+}
+
+bool hideWall(const test::DesktopSession& session) {
+    session.display().typeKey(test::escapeKey);
+    return waitUntilHidden(session);
+}
+
+bool waitUntilHidden(const test::DesktopSession& session) {
+    return test::DesktopSession::waitFor([&] {
+        return !session.display().viewableWindow(QStringLiteral("Zelmo")) &&
+               !session.display().viewableWindow(QStringLiteral("Collapse"));
+    });
 }
 
 } // namespace zelmo::bench

@@ -7,9 +7,6 @@ namespace zelmo::bench {
 // As many applications as asked for, each with an icon of its own.
 void installApplications(const test::DesktopSession& session, int count);
 
-// Of a process, in MiB.
-double proportionalMemory(qint64 process);
-
 // What a process has used since it began, all its threads together.
 struct Effort {
     double processorMilliseconds = 0;
@@ -20,5 +17,8 @@ Effort effortOf(qint64 process);
 
 // Alt and Space, as a person presses them.
 void pressShortcut(const test::XDisplay& display);
+// Presses Escape and waits until the wall has shrunk away. False when it does not.
+bool hideWall(const test::DesktopSession& session);
+bool waitUntilHidden(const test::DesktopSession& session);
 
 } // namespace zelmo::bench

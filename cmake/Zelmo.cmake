@@ -1,5 +1,14 @@
 # How every target of the project is built: warnings, sanitizers, precompiled headers.
 
+# What is handed out is hardened as the distributions ask, and is the same whichever folder it was built in.
+set(release "$<CONFIG:Release>")
+add_compile_options(
+    "$<${release}:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>"
+    "$<${release}:-fstack-protector-strong>"
+    # Some compilers define another level by themselves.
+    "$<${release}:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
+add_link_options("$<${release}:LINKER:-z,relro,-z,now>")
+
 add_library(zelmo_options INTERFACE)
 target_compile_options(zelmo_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsuggest-override
@@ -44,9 +53,20 @@ function(zelmo_test name)
     if(ZELMO_SANITIZERS MATCHES address)
         list(APPEND environment
             LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/library-leaks.txt:print_suppressions=0)
+    elseif(ZELMO_SANITIZERS MATCHES thread)
+        list(APPEND environment TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/library-races.txt)
     endif()
     set_tests_properties(${arg_KIND}.${name} PROPERTIES
         LABELS ${arg_KIND}
         TIMEOUT 120
         ENVIRONMENT "${environment}")
+endfunction()
+
+# zelmo_generated_qml(LIBRARY), after qt_add_qml_module for it. What the QML compiler writes is not ours to keep free of
+# warnings, and is the same in every folder.
+function(zelmo_generated_qml library)
+    get_target_property(sources ${library} SOURCES)
+    list(FILTER sources INCLUDE REGEX "qmlcache|_qmltyperegistrations")
+    set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS -w SKIP_LINTING ON)
+    set_property(DIRECTORY PROPERTY RULE_LAUNCH_CUSTOM ${PROJECT_SOURCE_DIR}/cmake/resource-command)
 endfunction()

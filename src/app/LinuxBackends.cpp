@@ -44,7 +44,8 @@ LinuxBackends::LinuxBackends()
     : preferencesFile(PlistPreferencesFile::standardFile()), identifier(bundleFolders()), connection(openConnection()),
       motion(connection.get(), configFolders()), startupNotifier(connection.get()),
       workspace(connection.get(), identifier), launcher(bundleReader, startupNotifier, {updateDelayVariable}),
-      fontFaces(QGuiApplication::font().family()), iconSource(makeIconThemeIndex()) {
+      fontFaces(QGuiApplication::font().family()), iconSource(makeIconThemeIndex()),
+      colorScheme(BusAddresses::fromEnvironment().session), programActivation(connection.get()) {
     presence.setChangeHandler([this] { workspace.setUserPresent(presence.isPresent()); });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalog/AppScanner.h"
+#include "platform/linux/appearance/PortalColorScheme.h"
 #include "platform/linux/desktop/DesktopMotionPreference.h"
 #include "platform/linux/files/InotifyFolderWatcher.h"
 #include "platform/linux/fonts/FontconfigFaces.h"
@@ -16,6 +17,7 @@
 #include "platform/linux/x11/X11HotKeyService.h"
 #include "platform/linux/x11/X11KeyboardBuffer.h"
 #include "platform/linux/x11/X11MainScreen.h"
+#include "platform/linux/x11/X11ProgramActivation.h"
 #include "platform/linux/x11/X11StartupNotifier.h"
 #include "platform/linux/x11/X11Workspace.h"
 
@@ -46,6 +48,8 @@ struct LinuxBackends {
     InotifyFolderWatcher folderWatcher;
     FontconfigFaces fontFaces;
     FreedesktopIconSource iconSource;
+    PortalColorScheme colorScheme;
+    X11ProgramActivation programActivation;
 };
 
 } // namespace zelmo

@@ -46,6 +46,9 @@ QPainterPath continuousRectangle(const QRectF& rectangle, double radius) {
     }
     const Corner corner = cornerFor(std::min(radius, room), room);
     const double inset = corner.reach;
+    std::array<QPointF, pieces + 1> curve;
+    for (int i = 0; i <= pieces; ++i)
+        curve[static_cast<std::size_t>(i)] = corner.point(static_cast<double>(i) / pieces);
     // Clockwise from the right end of the top side.
     struct Turn {
         QPointF centre;
@@ -61,8 +64,7 @@ QPainterPath continuousRectangle(const QRectF& rectangle, double radius) {
     };
     for (const Turn& turn : turns) {
         for (int i = 0; i <= pieces; ++i) {
-            const double way = static_cast<double>(i) / pieces;
-            const QPointF point = corner.point(turn.startsUpright ? way : 1 - way);
+            const QPointF point = curve[static_cast<std::size_t>(turn.startsUpright ? i : pieces - i)];
             const QPointF place = turn.centre + QPointF(turn.right * point.x(), turn.down * point.y());
             if (path.elementCount() == 0)
                 path.moveTo(place);
@@ -72,6 +74,10 @@ QPainterPath continuousRectangle(const QRectF& rectangle, double radius) {
     }
     path.closeSubpath();
     return path;
+}
+
+double continuousReach(double radius) {
+    return reachRatio * radius;
 }
 
 } // namespace zelmo

@@ -1,32 +1,34 @@
 #include "iconart/Plate.h"
 
 #include "iconart/ContinuousRectangle.h"
+#include "iconart/SpreadGradient.h"
 
 #include <QHashFunctions>
-#include <QLinearGradient>
+#include <QLineF>
 #include <QPainter>
 #include <QRgba64>
+#include <QTransform>
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 
 namespace zelmo {
 
 namespace {
 
-QBrush brush(const PlateColors& colors, const QRectF& area) {
-    if (colors.stops.size() == 1)
-        return colors.stops.first();
-    QPointF end = area.bottomRight();
-    if (colors.direction == GradientDirection::down)
-        end = area.bottomLeft();
-    else if (colors.direction == GradientDirection::across)
-        end = area.topRight();
-    QLinearGradient gradient(area.topLeft(), end);
-    for (qsizetype i = 0; i < colors.stops.size(); ++i)
-        gradient.setColorAt(static_cast<double>(i) / static_cast<double>(colors.stops.size() - 1), colors.stops[i]);
-    return gradient;
+// From where to where a gradient runs.
+QLineF way(GradientDirection direction, const QRectF& area, bool isMirrored) {
+    const double leading = isMirrored ? area.right() : area.left();
+    const double trailing = isMirrored ? area.left() : area.right();
+    switch (direction) {
+    case GradientDirection::diagonal:
+        return {leading, area.top(), trailing, area.bottom()};
+    case GradientDirection::down:
+        return {area.topLeft(), area.bottomLeft()};
+    case GradientDirection::across:
+        break;
+    }
+    return {leading, area.top(), trailing, area.top()};
 }
 
 ShadowStyle inPixels(const ShadowStyle& shadow, double scale) {
@@ -43,29 +45,45 @@ bool isClear(const PlateColors& colors) {
     return std::all_of(colors.stops.begin(), colors.stops.end(), [](const QColor& stop) { return stop.alpha() == 0; });
 }
 
-bool isGradient(const PlateColors& colors) {
-    return colors.stops.size() > 1 && !isClear(colors);
+// Fills a path of points. The gradient runs over the area.
+void fill(QImage& image, double scale, const QPainterPath& path, const PlateColors& colors, const QRectF& area,
+          bool isMirrored) {
+    if (isClear(colors))
+        return;
+    const bool isPlain = colors.stops.size() == 1;
+    QImage mask;
+    if (!isPlain) {
+        mask = QImage(image.size(), QImage::Format_Alpha8);
+        mask.fill(Qt::transparent);
+    }
+    {
+        QPainter painter(isPlain ? &image : &mask);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.scale(scale, scale);
+        painter.fillPath(path, isPlain ? colors.stops.first() : QColor(Qt::black));
+    }
+    if (!isPlain)
+        spreadOver(image, mask, colors.stops,
+                   QTransform::fromScale(scale, scale).map(way(colors.direction, area, isMirrored)));
 }
 
-// A faint gradient has fewer steps of 8 bits than pixels. Which of two steps a pixel gets is spread so evenly that no
-// bands are to be seen.
-QImage spread(const QImage& fine) {
-    QImage image(fine.size(), QImage::Format_ARGB32_Premultiplied);
-    for (int y = 0; y < image.height(); ++y) {
-        const auto* from = reinterpret_cast<const QRgba64*>(fine.constScanLine(y));
-        auto* to = reinterpret_cast<QRgb*>(image.scanLine(y));
-        for (int x = 0; x < image.width(); ++x) {
-            const double noise = 52.9829189 * std::fmod(0.06711056 * x + 0.00583715 * y, 1.0);
-            const auto threshold = static_cast<std::uint32_t>(65534 * (noise - std::floor(noise)));
-            const auto step = [threshold](quint16 value) {
-                return static_cast<int>((value * 255U + threshold) / 65535U);
-            };
-            const int alpha = step(from[x].alpha());
-            to[x] = qRgba(std::min(step(from[x].red()), alpha), std::min(step(from[x].green()), alpha),
-                          std::min(step(from[x].blue()), alpha), alpha);
-        }
+// Larger by as many copies of the middle column and the middle row as it takes.
+QImage stretched(const QImage& picture, QSize size) {
+    if (picture.size() == size || picture.isNull())
+        return picture;
+    QImage result(size, picture.format());
+    const int left = picture.width() / 2;
+    const int right = picture.width() - left;
+    const int top = picture.height() / 2;
+    for (int y = 0; y < size.height(); ++y) {
+        const int row = y < top ? y : std::max(top, y - size.height() + picture.height());
+        const auto* from = reinterpret_cast<const QRgb*>(picture.constScanLine(row));
+        auto* to = reinterpret_cast<QRgb*>(result.scanLine(y));
+        std::copy_n(from, left, to);
+        std::fill(to + left, to + size.width() - right, from[left]);
+        std::copy_n(from + left, right, to + size.width() - right);
     }
-    return image;
+    return result;
 }
 
 } // namespace
@@ -73,7 +91,7 @@ QImage spread(const QImage& fine) {
 std::size_t qHash(const PlateStyle& style, std::size_t seed) {
     seed = hashOf(style.stroke, hashOf(style.fill, seed));
     return qHashMulti(seed, style.radius, style.strokeWidth, style.shadow.opacity, style.shadow.radius,
-                      style.shadow.offset);
+                      style.shadow.offset, style.isMirrored);
 }
 
 int plateMargin(const PlateStyle& style, double scale) {
@@ -85,27 +103,35 @@ QImage paintPlate(QSizeF size, double scale, const PlateStyle& style) {
                        static_cast<int>(std::ceil(size.height() * scale)));
     if (pixels.isEmpty() || (isClear(style.fill) && isClear(style.stroke)))
         return {};
-    const bool isFine = isGradient(style.fill) || isGradient(style.stroke);
-    QImage image(pixels, isFine ? QImage::Format_RGBA64_Premultiplied : QImage::Format_ARGB32_Premultiplied);
+    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
     if (image.isNull())
         return {};
     image.fill(Qt::transparent);
-    {
-        QPainter painter(&image);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.scale(scale, scale);
-        const QRectF area(QPointF(), size);
-        if (!isClear(style.fill))
-            painter.fillPath(continuousRectangle(area, style.radius), brush(style.fill, area));
-        if (!isClear(style.stroke) && style.strokeWidth > 0) {
-            const double half = style.strokeWidth / 2;
-            painter.strokePath(continuousRectangle(area.adjusted(half, half, -half, -half), style.radius - half),
-                               QPen(brush(style.stroke, area), style.strokeWidth));
-        }
+    const QRectF area(QPointF(), size);
+    fill(image, scale, continuousRectangle(area, style.radius), style.fill, area, style.isMirrored);
+    if (const double width = style.strokeWidth; width > 0) {
+        // Between two outlines: a pen would work its own out from each piece of the corners.
+        QPainterPath ring = continuousRectangle(area, style.radius);
+        if (const QRectF inside = area.adjusted(width, width, -width, -width); inside.isValid())
+            ring.addPath(continuousRectangle(inside, style.radius - width));
+        fill(image, scale, ring, style.stroke, area, style.isMirrored);
     }
-    if (isFine)
-        image = spread(image);
     return style.shadow.opacity > 0 ? withShadow(image, inPixels(style.shadow, scale)) : image;
+}
+
+QImage plateShadow(QSize pixels, double radius, const ShadowStyle& style) {
+    const int margin = shadowMargin(style);
+    // Between the corners, as far as the blur carries them, each column is like the next and each row as well.
+    const int corner = static_cast<int>(std::ceil(continuousReach(radius))) + margin;
+    const QSize small = pixels.boundedTo({2 * corner + 1, 2 * corner + 1});
+    QImage shape(small, QImage::Format_ARGB32_Premultiplied);
+    shape.fill(Qt::transparent);
+    {
+        QPainter painter(&shape);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.fillPath(continuousRectangle(QRectF(QPointF(), QSizeF(small)), radius), Qt::black);
+    }
+    return stretched(shadowOf(shape, style), pixels + QSize(2 * margin, 2 * margin));
 }
 
 } // namespace zelmo

@@ -25,6 +25,7 @@ struct PlateStyle {
     PlateColors stroke{};
     double strokeWidth = 0; // inside the edge
     ShadowStyle shadow{};
+    bool isMirrored = false; // the leading side is the right one
 
     friend bool operator==(const PlateStyle&, const PlateStyle&) = default;
 };
@@ -36,5 +37,8 @@ int plateMargin(const PlateStyle& style, double scale);
 // A plate of this size in points at so many pixels to the point, with its margin. Null when there is nothing to see.
 // Any thread.
 QImage paintPlate(QSizeF size, double scale, const PlateStyle& style);
+// The shadow alone of an opaque plate of so many pixels, on a canvas larger by the shadow's margin on every side. The
+// radius is in pixels. Any thread.
+QImage plateShadow(QSize pixels, double radius, const ShadowStyle& style);
 
 } // namespace zelmo

@@ -16,6 +16,8 @@ struct ShadowStyle {
 // How far the shadow reaches beyond the picture on every side, in whole pixels.
 int shadowMargin(const ShadowStyle& style);
 
+// The shadow of a picture alone, on a canvas larger by the margin on every side. Premultiplied ARGB32. Any thread.
+QImage shadowOf(const QImage& picture, const ShadowStyle& style);
 // The picture over its shadow, on a canvas larger by the margin on every side. Premultiplied ARGB32. Any thread.
 QImage withShadow(const QImage& picture, const ShadowStyle& style);
 

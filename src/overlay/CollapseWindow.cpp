@@ -7,7 +7,7 @@ namespace zelmo {
 CollapseWindow::CollapseWindow() {
     setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint | Qt::WindowStaysOnTopHint |
              Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus);
-    setObjectName(QStringLiteral("collapse"));
+    setTitle(QStringLiteral("Collapse"));
 }
 
 void CollapseWindow::setPicture(const QImage& picture) {

@@ -1,6 +1,8 @@
 #pragma once
 
-class QImage;
+#include <QImage>
+
+#include <functional>
 
 namespace zelmo {
 
@@ -16,8 +18,9 @@ public:
     virtual ~SharedApplication() = default;
 
     virtual void setActivationPolicy(ActivationPolicy policy) = 0;
-    // The icon of every window that does not have one of its own.
-    virtual void setApplicationIconImage(const QImage& image) = 0;
+    // The icon of every window that does not have one of its own, drawn when it is needed. A null picture leaves the
+    // icon as it is.
+    virtual void setApplicationIconImage(std::function<QImage()> draw) = 0;
     // Ends the program as soon as the events of this moment are handled.
     virtual void terminate() = 0;
 };

@@ -8,8 +8,7 @@
 namespace zelmo {
 
 ZelmoApp::ZelmoApp(const ZelmoAppServices& services) {
-    if (const QImage icon = services.renderIcon(iconPoints); !icon.isNull())
-        services.application.setApplicationIconImage(icon);
+    services.application.setApplicationIconImage([render = services.renderIcon] { return render(iconPoints); });
     services.application.setActivationPolicy(ActivationPolicy::regular);
     m_launcherStore = services.makeStore();
     m_hotKeyController = services.makeHotKeyController(*m_launcherStore);

@@ -14,7 +14,7 @@ class ZelmoAppDelegate;
 
 struct ZelmoAppServices {
     SharedApplication& application;
-    // Of so many points; null where nothing can be drawn.
+    // Of so many points; null where nothing can be drawn. Called as long as the application object lives.
     std::function<QImage(int points)> renderIcon;
     std::function<std::unique_ptr<LauncherStore>()> makeStore;
     std::function<std::unique_ptr<LauncherHotKeyController>(LauncherStore&)> makeHotKeyController;
@@ -32,6 +32,7 @@ public:
     ZelmoApp& operator=(const ZelmoApp&) = delete;
 
     LauncherStore& launcherStore() const { return *m_launcherStore; }
+    LauncherHotKeyController& hotKeyController() const { return *m_hotKeyController; }
     ZelmoAppDelegate& appDelegate() const { return *m_appDelegate; }
 
 private:

@@ -23,7 +23,8 @@ Flickable {
         contentY = 0;
     }
 
-    contentHeight: WallMetrics.areaTopPadding + cards.implicitHeight + WallMetrics.areaBottomPadding
+    contentHeight: WallMetrics.areaTopPadding + (empty.visible ? empty.height : cards.implicitHeight)
+                   + WallMetrics.areaBottomPadding
     clip: true
 
     TapHandler {
@@ -47,7 +48,7 @@ Flickable {
         mirrored: area.mirrored
         visibleTop: area.contentY - y
         visibleHeight: area.height
-        changeDuration: area.store.changeDuration
+        changeDuration: area.style.movesCards ? area.store.changeDuration : 0
         card: [gridCard, listCard, minimalCard, tileCard][area.style.variant]
         onScrollRequested: visibleTop => area.contentY = visibleTop
         onFocusLost: area.focusLost()
@@ -59,6 +60,9 @@ Flickable {
     }
 
     EmptyMostUsed {
+        id: empty
+
+        y: WallMetrics.areaTopPadding
         width: area.width
         visible: area.store.showsMostUsed && area.appModel.isEmpty
         style: area.style

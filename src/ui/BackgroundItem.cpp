@@ -18,15 +18,16 @@ public:
         const double scale = window.effectiveDevicePixelRatio();
         const QSize pixels = (size * scale).toSize();
         const DiagonalGradient gradient(colors, pixels);
-        m_texture.reset(window.createTextureFromImage(gradient.band(), QQuickWindow::TextureIsOpaque));
+        // Not every renderer mirrors a part of a texture alone.
+        const QImage picture = mirrored ? gradient.band().mirrored(true, false) : gradient.band();
+        m_texture.reset(window.createTextureFromImage(picture, QQuickWindow::TextureIsOpaque));
         for (int y = 0; y < pixels.height(); y += DiagonalGradient::bandHeight) {
             const int height = std::min(DiagonalGradient::bandHeight, pixels.height() - y);
             QSGImageNode* band = window.createImageNode();
             band->setTexture(m_texture.get());
-            band->setSourceRect(gradient.bandStart(y), 0, pixels.width(), height);
+            const int start = gradient.bandStart(y);
+            band->setSourceRect(mirrored ? picture.width() - start - pixels.width() : start, 0, pixels.width(), height);
             band->setRect(QRectF(0, y / scale, pixels.width() / scale, height / scale));
-            if (mirrored)
-                band->setTextureCoordinatesTransform(QSGImageNode::MirrorHorizontally);
             appendChildNode(band);
         }
     }

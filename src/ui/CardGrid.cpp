@@ -1,5 +1,6 @@
 #include "ui/CardGrid.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QQmlComponent>
 #include <QQmlContext>
@@ -117,13 +118,27 @@ void CardGrid::itemChange(ItemChange change, const ItemChangeData& data) {
     QMetaObject::invokeMethod(
         this,
         [this] {
-            if (hasActiveFocus() && rowCount() > 0)
-                makeCurrent(m_current.isValid() ? m_current.row() : rowsInSight().first);
+            if (hasActiveFocus())
+                takeUpFocus();
         },
         Qt::QueuedConnection);
 }
 
+void CardGrid::takeUpFocus() {
+    if (rowCount() > 0)
+        makeCurrent(m_current.isValid() ? m_current.row() : rowsInSight().first);
+}
+
 void CardGrid::keyPressEvent(QKeyEvent* event) {
+    if (window() && window()->activeFocusItem() == this) {
+        // Faster than the card that is about to get the focus.
+        takeUpFocus();
+        if (window()->activeFocusItem() != this) {
+            QCoreApplication::sendEvent(window()->activeFocusItem(), event);
+            if (event->isAccepted())
+                return;
+        }
+    }
     const int row = m_current.isValid() ? m_current.row() : -1;
     const int last = rowCount() - 1;
     const int forward = m_mirrored ? -1 : 1;
@@ -170,6 +185,9 @@ void CardGrid::keyPressEvent(QKeyEvent* event) {
 void CardGrid::forgetCurrent() {
     m_current = QPersistentModelIndex();
     m_currentRow = -1;
+    // Else the card that had the focus gets it back with the grid, even when nothing is shown in it any more.
+    if (QQuickItem* item = scopedFocusItem())
+        item->setFocus(false, Qt::OtherFocusReason);
 }
 
 void CardGrid::scrollByPages(int pages) {

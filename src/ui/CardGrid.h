@@ -89,6 +89,7 @@ private:
     qreal columnWidth() const;
     Range rowsInSight() const;
     int linesOnAPage() const;
+    void takeUpFocus();
     void makeCurrent(int row);
     void bringIntoSight(int row);
     void keepCurrent();

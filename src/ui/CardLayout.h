@@ -27,7 +27,7 @@ public:
     qreal rowSpacing;
     qreal minimumHeight;
     qreal iconSide;
-    qreal selectedRadius; // of the plate of a selected card, and of the area that can be clicked
+    qreal selectedRadius; // of the plate of a selected card
     qreal plateRadius;    // of the plate of any other card
     qreal badgeLeft;
     qreal badgeTop;

@@ -10,7 +10,6 @@ ListView {
 
     height: contentItem.childrenRect.height
     orientation: ListView.Horizontal
-    layoutDirection: LayoutMirroring.enabled ? Qt.RightToLeft : Qt.LeftToRight
     spacing: HeaderMetrics.chipsSpacing
     model: bar.categories
     // All of them, for screen readers.
@@ -31,10 +30,15 @@ ListView {
         onPressed: bar.categories.choose(index)
     }
 
-    // A wheel that only turns one way moves the bar as well.
+    // A wheel that only turns one way moves the bar as well, towards its end as it turns down.
     WheelHandler {
+        target: null
         orientation: Qt.Vertical
-        property: "contentX"
-        onActiveChanged: bar.returnToBounds()
+        onWheel: event => {
+            const step = event.angleDelta.y * HeaderMetrics.wheelStep;
+            const next = bar.contentX + (bar.LayoutMirroring.enabled ? step : -step);
+            const last = bar.originX + Math.max(0, bar.contentWidth - bar.width);
+            bar.contentX = Math.max(bar.originX, Math.min(next, last));
+        }
     }
 }

@@ -20,6 +20,7 @@ PlateItem {
     width: label.width + 2 * HeaderMetrics.chipHorizontalPadding
     height: label.height + 2 * HeaderMetrics.chipVerticalPadding
     radius: height / 2
+    mirrored: chip.LayoutMirroring.enabled
     colors: chip.isSelected ? chip.selectedColors : [HeaderMetrics.chipFill]
     strokeColors: [chip.isSelected ? chip.selectedOutline : HeaderMetrics.chipOutline]
 

@@ -2,22 +2,23 @@
 
 #include "iconart/Material.h"
 
-#include <utility>
-
 namespace zelmo {
 
 void DesktopBackdrop::take(const QImage& desktop, double scale) {
     if (desktop.isNull() && isNull())
         return;
-    m_desktop = desktop;
+    m_coming = {};
+    if (!desktop.isNull())
+        m_coming = std::async(std::launch::async,
+                              [desktop, scale] { return throughMaterial(desktop, scale, MaterialStyle::ultraThin()); });
     m_picture = {};
     m_scale = scale;
     Q_EMIT changed();
 }
 
 const QImage& DesktopBackdrop::picture() {
-    if (!m_desktop.isNull())
-        m_picture = throughMaterial(std::exchange(m_desktop, {}), m_scale, MaterialStyle::ultraThin());
+    if (m_coming.valid())
+        m_picture = m_coming.get();
     return m_picture;
 }
 

@@ -4,11 +4,13 @@
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
+#include <future>
+
 namespace zelmo {
 
-// The desktop behind the wall as it looked when the wall opened, seen through the wall's material. It is worked out
-// when it is first drawn, so that the window can come up meanwhile. Owned by the wall's content; main thread, or the
-// drawing thread while the scene is synchronized.
+// The desktop behind the wall as it looked when the wall opened, seen through the wall's material. It is worked out by
+// a thread of its own while the window comes up. Owned by the wall's content; main thread, or the drawing thread while
+// the scene is synchronized.
 class DesktopBackdrop : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -19,16 +21,16 @@ public:
     void take(const QImage& desktop, double scale);
     void release() { take({}, 1); }
 
-    bool isNull() const { return m_desktop.isNull() && m_picture.isNull(); }
+    bool isNull() const { return !m_coming.valid() && m_picture.isNull(); }
     double scale() const { return m_scale; }
-    // As large as what was taken.
+    // As large as what was taken. Waits for it.
     const QImage& picture();
 
 Q_SIGNALS:
     void changed();
 
 private:
-    QImage m_desktop; // until it is worked out
+    std::future<QImage> m_coming;
     QImage m_picture;
     double m_scale = 1;
 };

@@ -7,5 +7,7 @@ RoundButton {
     symbolSize: HeaderMetrics.editSymbolSize
     symbolWeight: Font.Black
     symbolColor: "white"
+    // An item that is not to be seen would keep the focus.
+    enabled: visible
     opacity: enabled ? 1 : HeaderMetrics.disabledOpacity
 }

@@ -65,6 +65,7 @@ class HeaderMetrics : public QObject {
     Q_PROPERTY(QList<QColor> mostUsedColors READ mostUsedColors CONSTANT)
     Q_PROPERTY(QColor mostUsedOutline READ mostUsedOutline CONSTANT)
     Q_PROPERTY(qreal chipAccentOpacity READ chipAccentOpacity CONSTANT)
+    Q_PROPERTY(qreal wheelStep READ wheelStep CONSTANT)
 
 public:
     using QObject::QObject;
@@ -135,6 +136,7 @@ public:
     }
     static QColor mostUsedOutline() { return white(0.18); }
     static constexpr qreal chipAccentOpacity() { return 0.34; } // of the outline of a selected category
+    static constexpr qreal wheelStep() { return 0.5; }          // for each eighth of a degree that a wheel turns
 };
 
 } // namespace zelmo

@@ -3,8 +3,11 @@
 #include "ui/WallMetrics.h"
 
 #include <QHoverEvent>
+#include <QQuickWindow>
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace zelmo {
 
@@ -37,11 +40,13 @@ void HelpArea::setTip(QQuickItem* tip) {
 }
 
 void HelpArea::hoverEnterEvent(QHoverEvent* event) {
-    m_entry = event->position();
+    m_pointer = event->position();
 }
 
 void HelpArea::hoverMoveEvent(QHoverEvent* event) {
-    if (event->position() != m_entry && !m_isShown)
+    // Every picture of the window, such as of the blinking cursor, comes with one of these for a pointer at rest.
+    const auto before = std::exchange(m_pointer, event->position());
+    if (before && before != event->position() && !m_isShown)
         m_timer.start();
 }
 
@@ -52,7 +57,18 @@ void HelpArea::hoverLeaveEvent(QHoverEvent*) {
 void HelpArea::itemChange(ItemChange change, const ItemChangeData& data) {
     if (change == ItemVisibleHasChanged && !data.boolValue)
         hide();
+    if (change == ItemSceneChange) {
+        disconnect(m_windowConnection);
+        if (data.window)
+            m_windowConnection = connect(data.window, &QWindow::visibleChanged, this, &HelpArea::startAnew);
+    }
     QQuickItem::itemChange(change, data);
+}
+
+// A window that goes away does not always tell that the pointer is no longer in it.
+void HelpArea::startAnew() {
+    hide();
+    m_pointer.reset();
 }
 
 // Below the area, centred on it where there is room.

@@ -4,6 +4,8 @@
 #include <QQuickItem>
 #include <QTimer>
 
+#include <optional>
+
 namespace zelmo {
 
 // Where the pointer has to come to rest for a help text to be shown beside it. A pointer that was there before the
@@ -38,11 +40,13 @@ protected:
 private:
     void show();
     void hide();
+    void startAnew();
 
     QString m_text;
     QPointer<QQuickItem> m_tip;
     QTimer m_timer;
-    QPointF m_entry;
+    QMetaObject::Connection m_windowConnection;
+    std::optional<QPointF> m_pointer; // where it was last, since the window came up
     bool m_isShown = false;
 };
 

@@ -17,11 +17,17 @@ WallItem {
         area.grid.forgetCurrent();
     }
 
-    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.enabled: wall.isRightToLeft
     LayoutMirroring.childrenInherit: true
 
     searchField: header.searchField
     onPagesRequested: pages => area.grid.scrollByPages(pages)
+
+    // The toolkit knows no such key on every desktop.
+    Shortcut {
+        sequences: [StandardKey.Preferences, "Ctrl+,"]
+        onActivated: wall.store.showSettings()
+    }
 
     Accessible.role: Accessible.Pane
     Accessible.name: "Zelmo"

@@ -26,7 +26,7 @@ AppTileCard {
             verticalCenter: parent.verticalCenter
         }
         card: card
-        alignment: card.LayoutMirroring.enabled ? Text.AlignRight : Text.AlignLeft
+        alignment: Text.AlignLeft
     }
     SymbolItem {
         id: mark

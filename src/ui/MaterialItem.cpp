@@ -2,7 +2,7 @@
 
 #include "iconart/ContinuousRectangle.h"
 #include "iconart/Material.h"
-#include "iconart/Shadow.h"
+#include "iconart/Plate.h"
 
 #include <QPainter>
 #include <QQuickWindow>
@@ -39,39 +39,38 @@ QSGNode* MaterialItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
         return image;
     m_stale = false;
     const double scale = window()->effectiveDevicePixelRatio();
+    const QSize pixels = (size() * scale).toSize();
     const ShadowStyle shadow{
         .opacity = m_shadowOpacity, .radius = m_shadowRadius * scale, .offset = m_shadowOffset * scale};
-    const QImage picture = withShadow(surface(scale), shadow);
+    QImage picture = plateShadow(pixels, m_radius * scale, shadow);
+    const int margin = shadowMargin(shadow);
+    {
+        QPainter painter(&picture);
+        painter.translate(margin, margin);
+        paintSurface(painter, pixels, scale);
+    }
     if (!image) {
         image = window()->createImageNode();
         image->setOwnsTexture(true);
     }
     image->setTexture(window()->createTextureFromImage(picture, QQuickWindow::TextureHasAlphaChannel));
-    const double margin = shadowMargin(shadow) / scale;
-    image->setRect(QRectF(QPointF(-margin, -margin), QSizeF(picture.size()) / scale));
+    image->setRect(QRectF(QPointF(-margin, -margin) / scale, QSizeF(picture.size()) / scale));
     return image;
 }
 
-QImage MaterialItem::surface(double scale) const {
+void MaterialItem::paintSurface(QPainter& painter, QSize pixels, double scale) const {
     MaterialStyle style = MaterialStyle::ultraThin();
     // A gradient over the whole wall looks the same blurred.
     if (!m_background->showsDesktop())
         style.blurRadius = 0;
     const int reach = static_cast<int>(std::ceil(style.blurRadius * scale));
-    const QSize pixels = (size() * scale).toSize();
     const QPoint place = (mapToItem(m_background, QPointF()) * scale).toPoint();
     const QRect around = QRect(place, pixels).adjusted(-reach, -reach, reach, reach);
     const QRect seen = around & QRect(QPoint(), (m_background->size() * scale).toSize());
-    const QImage behind = throughMaterial(m_background->part(around, scale), scale, style);
-
-    QImage surface(pixels, QImage::Format_ARGB32_Premultiplied);
-    surface.fill(Qt::transparent);
-    QPainter painter(&surface);
-    painter.setRenderHint(QPainter::Antialiasing);
-    QBrush brush(behind);
+    QBrush brush(throughMaterial(m_background->part(around, scale), scale, style));
     brush.setTransform(QTransform::fromTranslate(seen.x() - place.x(), seen.y() - place.y()));
+    painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(continuousRectangle(QRectF(QPointF(), QSizeF(pixels)), m_radius * scale), brush);
-    return surface;
 }
 
 void MaterialItem::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {

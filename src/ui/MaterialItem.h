@@ -33,7 +33,7 @@ protected:
 
 private:
     void noteChange();
-    QImage surface(double scale) const;
+    void paintSurface(QPainter& painter, QSize pixels, double scale) const;
 
     QPointer<BackgroundItem> m_background;
     qreal m_radius = 0;

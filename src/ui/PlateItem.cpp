@@ -40,7 +40,8 @@ PlateStyle PlateItem::style() const {
             .fill = {m_colors, static_cast<GradientDirection>(m_direction)},
             .stroke = {m_strokeColors, static_cast<GradientDirection>(m_strokeDirection)},
             .strokeWidth = m_strokeWidth,
-            .shadow = {.opacity = m_shadowOpacity, .radius = m_shadowRadius, .offset = m_shadowOffset}};
+            .shadow = {.opacity = m_shadowOpacity, .radius = m_shadowRadius, .offset = m_shadowOffset},
+            .isMirrored = m_mirrored};
 }
 
 bool PlateItem::contains(const QPointF& point) const {
@@ -50,7 +51,7 @@ bool PlateItem::contains(const QPointF& point) const {
 QSGNode* PlateItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
     const double scale = window()->effectiveDevicePixelRatio();
     const PlateStyle look = style();
-    auto texture = PlateCache::of(*window()).texture(size(), scale, look);
+    auto texture = isVisible() ? PlateCache::of(*window()).texture(size(), scale, look) : nullptr;
     if (!texture) {
         delete node;
         return nullptr;
@@ -73,7 +74,7 @@ void PlateItem::itemChange(ItemChange change, const ItemChangeData& data) {
     // On this thread, for the cache is the window's child; drawing may have another.
     if (change == ItemSceneChange && data.window)
         PlateCache::of(*data.window);
-    if (change == ItemDevicePixelRatioHasChanged)
+    if (change == ItemDevicePixelRatioHasChanged || change == ItemVisibleHasChanged)
         update();
     QQuickItem::itemChange(change, data);
 }

@@ -19,6 +19,8 @@ class PlateItem : public QQuickItem {
     Q_PROPERTY(qreal shadowOpacity MEMBER m_shadowOpacity NOTIFY changed)
     Q_PROPERTY(qreal shadowRadius MEMBER m_shadowRadius NOTIFY changed)
     Q_PROPERTY(qreal shadowOffset MEMBER m_shadowOffset NOTIFY changed)
+    // Gradients begin at the right, as lines do in right-to-left scripts.
+    Q_PROPERTY(bool mirrored MEMBER m_mirrored NOTIFY changed)
 
 public:
     enum Direction { Diagonal, Down, Across };
@@ -49,6 +51,7 @@ private:
     qreal m_shadowOpacity = 0;
     qreal m_shadowRadius = 0;
     qreal m_shadowOffset = 0;
+    bool m_mirrored = false;
 };
 
 } // namespace zelmo

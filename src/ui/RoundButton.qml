@@ -18,6 +18,7 @@ PlateItem {
 
     height: width
     radius: width / 2
+    mirrored: button.LayoutMirroring.enabled
     activeFocusOnTab: button.enabled
 
     Keys.onReturnPressed: button.pressed()

@@ -18,6 +18,7 @@ PlateItem {
     PlateItem {
         anchors.fill: parent
         radius: HeaderMetrics.searchRadius
+        mirrored: row.LayoutMirroring.enabled
         colors: HeaderMetrics.searchWash
         strokeColors: [HeaderMetrics.searchOutline]
     }
@@ -33,6 +34,7 @@ PlateItem {
         width: HeaderMetrics.searchBadgeSide
         height: width
         radius: width / 2
+        mirrored: row.LayoutMirroring.enabled
         colors: HeaderMetrics.searchBadgeColors
 
         SymbolItem {
@@ -56,6 +58,7 @@ PlateItem {
         focus: true
         activeFocusOnTab: true
         clip: true
+        horizontalAlignment: TextInput.AlignLeft
         selectByMouse: true
         color: row.style.textColor
         opacity: HeaderMetrics.searchTextOpacity
@@ -76,6 +79,7 @@ PlateItem {
             right: input.right
             verticalCenter: input.verticalCenter
         }
+        horizontalAlignment: Text.AlignLeft
         elide: Text.ElideRight
         text: "Search apps"
         color: row.style.textColor
@@ -96,6 +100,8 @@ PlateItem {
         spacing: HeaderMetrics.searchSpacing
 
         EditButton {
+            id: uninstall
+
             visible: row.store.isEditingApps
             enabled: row.store.selectionCount > 0
             title: "Uninstall"
@@ -141,5 +147,16 @@ PlateItem {
             KeyNavigation.up: input
             KeyNavigation.down: row.below
         }
+    }
+
+    // A button that is out of use hears nothing of the pointer, and is still to say what it is for.
+    HelpArea {
+        x: buttons.x + uninstall.x
+        y: buttons.y + uninstall.y
+        width: uninstall.width
+        height: uninstall.height
+        visible: uninstall.visible && !uninstall.enabled
+        text: uninstall.helpText
+        tip: row.tip
     }
 }

@@ -7,6 +7,7 @@ AppTileCard {
     PlateItem {
         anchors.fill: parent
         z: -2
+        mirrored: card.LayoutMirroring.enabled
         colors: card.tileColors
 
         Rectangle {
@@ -51,11 +52,11 @@ AppTileCard {
         CardName {
             width: parent.width
             card: card
-            horizontalAlignment: card.LayoutMirroring.enabled ? Text.AlignRight : Text.AlignLeft
+            horizontalAlignment: Text.AlignLeft
         }
         Text {
             width: parent.width
-            horizontalAlignment: card.LayoutMirroring.enabled ? Text.AlignRight : Text.AlignLeft
+            horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             textFormat: Text.PlainText
             text: card.categoryLabel

@@ -35,6 +35,7 @@ Item {
 
         Text {
             width: parent.width
+            horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             text: "Zelmo"
             color: row.style.textColor
@@ -46,6 +47,7 @@ Item {
         }
         Text {
             width: parent.width
+            horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             text: row.store.isEditingApps ? "Select apps to hide from the launcher" : "Colorful launchpad for your Mac"
             color: row.style.textColor

@@ -1,19 +1,16 @@
 #include "ui/WallContent.h"
 
 #include "catalog/LauncherStore.h"
-#include "overlay/OverlayWindow.h"
+#include "overlay/MotionPreference.h"
 #include "ui/CategoryBarModel.h"
 #include "ui/DesktopBackdrop.h"
 #include "ui/DesktopCapture.h"
 #include "ui/IconCache.h"
 #include "ui/WallModel.h"
+#include "ui/WallScene.h"
 #include "ui/WallStyle.h"
 
-#include <QQmlEngine>
 #include <QScreen>
-#include <QtQml/qqmlextensionplugin.h>
-
-Q_IMPORT_QML_PLUGIN(Zelmo_UiPlugin)
 
 namespace zelmo {
 
@@ -24,6 +21,7 @@ WallContent::WallContent(const WallServices& services)
 WallContent::~WallContent() = default;
 
 void WallContent::prepare(const QScreen& screen) {
+    m_style->setReducesMotion(m_services.motion.reducesMotion());
     if (m_style->blursDesktop())
         m_backdrop->take(m_services.desktopCapture.capture(screen), screen.devicePixelRatio());
 }
@@ -31,14 +29,12 @@ void WallContent::prepare(const QScreen& screen) {
 void WallContent::load(OverlayWindow& window) {
     m_model = std::make_unique<WallModel>(m_services.store);
     m_categories = std::make_unique<CategoryBarModel>(m_services.store);
-    window.engine()->addImportPath(QStringLiteral("qrc:/"));
-    window.setInitialProperties({{QStringLiteral("store"), QVariant::fromValue(&m_services.store)},
-                                 {QStringLiteral("appModel"), QVariant::fromValue(m_model.get())},
-                                 {QStringLiteral("categories"), QVariant::fromValue(m_categories.get())},
-                                 {QStringLiteral("style"), QVariant::fromValue(m_style.get())},
-                                 {QStringLiteral("icons"), QVariant::fromValue(&m_services.icons)},
-                                 {QStringLiteral("backdrop"), QVariant::fromValue(m_backdrop.get())}});
-    window.setSource(QUrl(QStringLiteral("qrc:/Zelmo/Ui/LauncherOverlayView.qml")));
+    m_services.scene.putInto(window, {{QStringLiteral("store"), QVariant::fromValue(&m_services.store)},
+                                      {QStringLiteral("appModel"), QVariant::fromValue(m_model.get())},
+                                      {QStringLiteral("categories"), QVariant::fromValue(m_categories.get())},
+                                      {QStringLiteral("style"), QVariant::fromValue(m_style.get())},
+                                      {QStringLiteral("icons"), QVariant::fromValue(&m_services.icons)},
+                                      {QStringLiteral("backdrop"), QVariant::fromValue(m_backdrop.get())}});
 }
 
 void WallContent::putAway() {

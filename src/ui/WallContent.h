@@ -12,17 +12,21 @@ class DesktopCapture;
 class FontFaces;
 class IconCache;
 class LauncherStore;
+class MotionPreference;
 class Preferences;
 class WallModel;
+class WallScene;
 class WallStyle;
 
 // What the wall needs. All of it outlives the wall.
 struct WallServices {
+    WallScene& scene;
     LauncherStore& store;
     const Preferences& preferences;
     const FontFaces& fontFaces;
     IconCache& icons;
     DesktopCapture& desktopCapture;
+    MotionPreference& motion;
 };
 
 // The wall's content, bound to the store and the settings. Outlives the window that it is loaded into; main thread.

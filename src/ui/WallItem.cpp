@@ -1,7 +1,8 @@
 #include "ui/WallItem.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QKeyEvent>
+#include <QQuickWindow>
 
 namespace zelmo {
 
@@ -14,6 +15,14 @@ bool isTyping(const QKeyEvent& event) {
 }
 
 } // namespace
+
+WallItem::WallItem() {
+    connect(qGuiApp, &QGuiApplication::layoutDirectionChanged, this, &WallItem::isRightToLeftChanged);
+}
+
+bool WallItem::isRightToLeft() const {
+    return QGuiApplication::isRightToLeft();
+}
 
 void WallItem::focusSearchField() {
     if (m_searchField)
@@ -29,6 +38,23 @@ void WallItem::keyPressEvent(QKeyEvent* event) {
     } else {
         event->ignore();
     }
+}
+
+void WallItem::itemChange(ItemChange change, const ItemChangeData& data) {
+    if (change == ItemSceneChange) {
+        disconnect(m_focusConnection);
+        // Not at once: the change of the focus is still under way.
+        if (data.window)
+            m_focusConnection = connect(data.window, &QQuickWindow::activeFocusItemChanged, this, &WallItem::catchFocus,
+                                        Qt::QueuedConnection);
+    }
+    QQuickItem::itemChange(change, data);
+}
+
+void WallItem::catchFocus() {
+    const QQuickItem* item = window() ? window()->activeFocusItem() : this;
+    if (window() && window()->isActive() && (!item || item == window()->contentItem()))
+        focusSearchField();
 }
 
 } // namespace zelmo

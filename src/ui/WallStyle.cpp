@@ -128,7 +128,14 @@ QFont WallStyle::emptyTextFont() const {
 }
 
 int WallStyle::selectionDuration() const {
-    return CardMetrics::selectionDuration();
+    return m_reducesMotion ? 0 : CardMetrics::selectionDuration();
+}
+
+void WallStyle::setReducesMotion(bool reduces) {
+    if (m_reducesMotion == reduces)
+        return;
+    m_reducesMotion = reduces;
+    Q_EMIT changed();
 }
 
 bool WallStyle::blursDesktop() const {

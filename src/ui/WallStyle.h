@@ -32,6 +32,7 @@ class WallStyle : public QObject {
     Q_PROPERTY(QFont emptyTitleFont READ emptyTitleFont NOTIFY changed)
     Q_PROPERTY(QFont emptyTextFont READ emptyTextFont NOTIFY changed)
     Q_PROPERTY(int selectionDuration READ selectionDuration NOTIFY changed)
+    Q_PROPERTY(bool movesCards READ movesCards NOTIFY changed)
     Q_PROPERTY(bool blursDesktop READ blursDesktop NOTIFY changed)
     Q_PROPERTY(QList<QColor> backgroundColors READ backgroundColors NOTIFY changed)
     Q_PROPERTY(int variant READ variantNumber NOTIFY changed)
@@ -61,6 +62,9 @@ public:
     QFont emptyTextFont() const;
     // How long a card takes to show that it is selected, in milliseconds; 0: at once.
     int selectionDuration() const;
+    // Whether cards travel to where they belong.
+    bool movesCards() const { return !m_reducesMotion; }
+    void setReducesMotion(bool reduces);
     // Whether the desktop shows through the wall's material; else there is a gradient.
     bool blursDesktop() const;
     // Stops of the diagonal gradient behind the wall, for a blurred desktop those that stand in for a desktop that
@@ -92,6 +96,7 @@ private:
 
     const Preferences& m_preferences;
     mutable FontResolver m_resolver;
+    bool m_reducesMotion = false;
 };
 
 } // namespace zelmo

@@ -35,16 +35,13 @@ public:
     }
     bool waitForTitle(const char* title) const {
         return DesktopSession::waitFor([&] {
-            const auto window = session->display().viewableWindow(titleOf(title));
+            const auto window = session->display().viewableWindow(QString::fromLatin1(title));
             return window && session->display().focusedWindow() == *window;
         });
     }
     bool waitForNoTitle(const char* title) const {
-        return DesktopSession::waitFor([&] { return !session->display().viewableWindow(titleOf(title)).has_value(); });
-    }
-    // The title that window managers show.
-    static QString titleOf(const char* message) {
-        return QString::fromLatin1(message) + QStringLiteral(" \u2014 Zelmo");
+        return DesktopSession::waitFor(
+            [&] { return !session->display().viewableWindow(QString::fromLatin1(title)).has_value(); });
     }
     // Of One, Three and Two; Zero comes last.
     bool selectThree() const {

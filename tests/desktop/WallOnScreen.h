@@ -47,9 +47,13 @@ public:
                    return (count == 0 || showsCard(screen, count - 1)) && !showsCard(screen, count);
                });
     }
+    // To the end of its shrinking: a wall that is shown before goes all the same.
     bool waitUntilGone() const {
-        return DesktopSession::waitFor(
-            [this] { return !m_session.display().viewableWindow(QStringLiteral("Zelmo")).has_value(); });
+        return DesktopSession::waitFor([this] {
+            const XDisplay& display = m_session.display();
+            return !display.viewableWindow(QStringLiteral("Zelmo")) &&
+                   !display.viewableWindow(QStringLiteral("Collapse"));
+        });
     }
     bool hide() const { return m_session.display().typeKey(escapeKey) && waitUntilGone(); }
     // Space with another key.

@@ -35,6 +35,17 @@ private Q_SLOTS:
         QVERIFY(std::abs(image.pixelColor(50, 30).red() - 100) < 5);
     }
 
+    void mirroredItRunsFromTheRight() {
+        for (const auto direction : {GradientDirection::diagonal, GradientDirection::across}) {
+            const QImage image = paintPlate({100, 60}, 1, {.fill = {{left, right}, direction}, .isMirrored = true});
+            QVERIFY(image.pixelColor(99, 0).red() > 195);
+            QVERIFY(image.pixelColor(0, 59).blue() > 195);
+        }
+        const QImage down =
+            paintPlate({100, 60}, 1, {.fill = {{left, right}, GradientDirection::down}, .isMirrored = true});
+        QVERIFY(down.pixelColor(50, 0).red() > 195);
+    }
+
     void threeStopsStandEvenly() {
         const QImage image =
             paintPlate({101, 10}, 1, {.fill = {{Qt::red, Qt::green, Qt::blue}, GradientDirection::across}});
@@ -70,6 +81,27 @@ private Q_SLOTS:
                     image.pixelColor(middle, margin - 2).alpha());
             QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
         }
+    }
+
+    void aStrokeAsWideAsThePlateFillsIt() {
+        const QImage image = paintPlate({20, 10}, 1, {.radius = 3, .stroke = {{Qt::white}}, .strokeWidth = 6});
+        QCOMPARE(image.pixelColor(10, 5), QColor(Qt::white));
+        QCOMPARE(image.pixelColor(10, 0), QColor(Qt::white));
+    }
+
+    // However much of it is made of copies.
+    void theShadowOfALargePlateIsThatOfItsShape_data() {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("large both ways") << QSize(400, 300);
+        QTest::newRow("wide") << QSize(401, 40);
+        QTest::newRow("high") << QSize(40, 400);
+        QTest::newRow("small") << QSize(50, 40);
+    }
+    void theShadowOfALargePlateIsThatOfItsShape() {
+        QFETCH(QSize, size);
+        const ShadowStyle style{.opacity = 0.5, .radius = 20, .offset = 7.5};
+        const PlateStyle plate{.radius = 16, .fill = {{Qt::black}}};
+        QCOMPARE(plateShadow(size, 16, style), shadowOf(paintPlate(size, 1, plate), style));
     }
 
     void withNothingToSeeThereIsNoPicture() {

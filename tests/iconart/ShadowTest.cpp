@@ -1,9 +1,9 @@
 #include "iconart/Shadow.h"
-#include "iconart/BoxBlur.h"
+#include "iconart/BlurPlane.h"
 
 #include <QTest>
 
-#include <numeric>
+#include <algorithm>
 
 using namespace zelmo;
 
@@ -28,27 +28,35 @@ class ShadowTest : public QObject {
 private Q_SLOTS:
     void aPlainAreaKeepsItsValueHoweverWideTheBlur() {
         for (int width = 1; width < 400; width += 2) {
-            std::vector<std::uint16_t> values(1000, 2040);
-            std::vector<std::uint16_t> other(values.size());
-            for (int pass = 0; pass < 6; ++pass) {
-                boxBlur(values.data(), other.data(), static_cast<int>(values.size()), 1, width);
-                values.swap(other);
-            }
-            QVERIFY2(*std::max_element(values.begin(), values.end()) <= 2040, qPrintable(QString::number(width)));
-            if (width < 100)
-                QCOMPARE(values[500], std::uint16_t{2040});
+            BlurPlane plane(1000, 3);
+            for (int y = 0; y < 3; ++y)
+                std::fill_n(plane.row(y), 1000, std::uint16_t{2040});
+            plane.blur(width);
+            QVERIFY2(*std::max_element(plane.row(0), plane.row(2) + 1000) <= 2040, qPrintable(QString::number(width)));
+        }
+        for (int width = 1; width < 60; width += 2) {
+            BlurPlane plane(200, 200);
+            std::fill_n(plane.row(0), 200 * 200, std::uint16_t{2040});
+            plane.blur(width);
+            QCOMPARE(plane.row(100)[100], std::uint16_t{2040});
         }
     }
 
-    void nothingIsLostBesideTheEnds() {
-        std::vector<std::uint16_t> values(200, 0);
-        values[100] = 2000;
-        std::vector<std::uint16_t> other(values.size());
-        boxBlur(values.data(), other.data(), 200, 1, 9);
-        QVERIFY(std::abs(std::accumulate(other.begin(), other.end(), 0) - 2000) <= 9);
-        QCOMPARE(other[96], other[104]);
-        QCOMPARE(other[95], std::uint16_t{0});
-        QCOMPARE(other[105], std::uint16_t{0});
+    // A point becomes as wide as three boxes and the same to all sides, whatever the sides of the plane.
+    void aPointSpreadsEvenly() {
+        BlurPlane plane(120, 90);
+        plane.row(40)[50] = 2000;
+        plane.blur(5);
+        std::uint16_t edge = 0;
+        for (int i = 0; i <= 6; ++i) {
+            QCOMPARE(plane.row(40)[50 - i], plane.row(40)[50 + i]);
+            QCOMPARE(plane.row(40 - i)[50], plane.row(40 + i)[50]);
+            QVERIFY(std::abs(plane.row(40 + i)[50] - plane.row(40)[50 + i]) <= 1);
+            edge = std::max(edge, plane.row(40)[57 + i]);
+        }
+        QCOMPARE(edge, std::uint16_t{0});
+        // The middle of three boxes of 5 holds 19 of 125 parts in each direction.
+        QVERIFY(std::abs(plane.row(40)[50] - 2000 * 19 * 19 / (125 * 125)) <= 3);
     }
 
     void theShadowIsAsDarkAsItIsTold() {

@@ -2,10 +2,10 @@
 
 #include "overlay/KeyboardBuffer.h"
 #include "overlay/MainScreen.h"
-#include "overlay/MotionPreference.h"
 #include "overlay/OverlayContent.h"
 #include "overlay/OverlayWindow.h"
 #include "overlay/SystemPresentation.h"
+#include "support/FakeMotion.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -45,13 +45,6 @@ public:
 private:
     QStringList& m_log;
     PresentationOptions m_options;
-};
-
-class FakeMotion : public MotionPreference {
-public:
-    bool reducesMotion() const override { return reduces; }
-
-    bool reduces = false;
 };
 
 class FakeContent : public OverlayContent {

@@ -20,8 +20,9 @@ public:
         QCOMPARE(policy, ActivationPolicy::regular);
         m_log.append(QStringLiteral("policy regular"));
     }
-    void setApplicationIconImage(const QImage& image) override {
-        m_log.append(QStringLiteral("icon %1").arg(image.width()));
+    void setApplicationIconImage(std::function<QImage()> draw) override {
+        if (const QImage image = draw(); !image.isNull())
+            m_log.append(QStringLiteral("icon %1").arg(image.width()));
     }
     void terminate() override { m_log.append(QStringLiteral("terminate")); }
 

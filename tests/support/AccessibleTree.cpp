@@ -47,12 +47,24 @@ QStringList actionsOf(AtspiAccessible* object) {
     return names;
 }
 
+std::optional<AccessibleValue> valueOf(AtspiAccessible* object) {
+    AtspiValue* value = atspi_accessible_get_value_iface(object);
+    if (!value)
+        return std::nullopt;
+    const AccessibleValue found{.current = atspi_value_get_current_value(value, nullptr),
+                                .smallest = atspi_value_get_minimum_value(value, nullptr),
+                                .largest = atspi_value_get_maximum_value(value, nullptr)};
+    g_object_unref(value);
+    return found;
+}
+
 AccessibleNode nodeOf(AtspiAccessible* object) {
     return {.role = taken(atspi_accessible_get_role_name(object, nullptr)),
             .name = taken(atspi_accessible_get_name(object, nullptr)),
             .description = taken(atspi_accessible_get_description(object, nullptr)),
             .states = statesOf(object),
-            .actions = actionsOf(object)};
+            .actions = actionsOf(object),
+            .value = valueOf(object)};
 }
 
 // Calls `visit` for each object below this one until it says that it has seen enough.
@@ -127,6 +139,19 @@ bool AccessibleTree::act(const QString& program, const QString& role, const QStr
         AtspiAction* interface = atspi_accessible_get_action_iface(object);
         const qsizetype index = node.actions.indexOf(action);
         isDone = interface && index >= 0 && atspi_action_do_action(interface, static_cast<gint>(index), nullptr);
+        g_clear_object(&interface);
+        return true;
+    });
+    return isDone;
+}
+
+bool AccessibleTree::setValue(const QString& program, const QString& role, const QString& name, double value) const {
+    bool isDone = false;
+    visitProgram(program, [&](AtspiAccessible* object) {
+        if (!matches(nodeOf(object), role, name))
+            return false;
+        AtspiValue* interface = atspi_accessible_get_value_iface(object);
+        isDone = interface && atspi_value_set_current_value(interface, value, nullptr);
         g_clear_object(&interface);
         return true;
     });

@@ -9,6 +9,13 @@
 
 namespace zelmo::test {
 
+// The number of a control that has one.
+struct AccessibleValue {
+    double current;
+    double smallest;
+    double largest;
+};
+
 // One control as a screen reader knows it.
 struct AccessibleNode {
     QString role;
@@ -16,6 +23,7 @@ struct AccessibleNode {
     QString description;
     QStringList states; // such as "checked"
     QStringList actions;
+    std::optional<AccessibleValue> value;
 
     bool is(const char* state) const { return states.contains(QLatin1StringView(state)); }
 };
@@ -36,6 +44,8 @@ public:
     std::optional<AccessibleNode> find(const QString& program, const QString& role, const QString& name) const;
     // Does the first action of it that has this name. False when there is none.
     bool act(const QString& program, const QString& role, const QString& name, const QString& action) const;
+    // Gives it another number. False when it has none.
+    bool setValue(const QString& program, const QString& role, const QString& name, double value) const;
 };
 
 } // namespace zelmo::test

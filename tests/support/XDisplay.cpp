@@ -4,6 +4,7 @@
 #include <QThread>
 
 #include <cstdlib>
+#include <cstring>
 #include <vector>
 #include <xcb/xcbext.h>
 #include <xcb/xtest.h>
@@ -160,6 +161,19 @@ void XDisplay::close(xcb_window_t window) const {
     sendToWindowManager(window, "_NET_CLOSE_WINDOW", XCB_CURRENT_TIME);
 }
 
+void XDisplay::showWorkspace(std::uint32_t number) const {
+    sendToWindowManager(root(), "_NET_CURRENT_DESKTOP", number);
+}
+
+std::optional<std::uint32_t> XDisplay::shownWorkspace() const {
+    const QByteArray value = property(root(), "_NET_CURRENT_DESKTOP");
+    if (value.size() < 4)
+        return std::nullopt;
+    std::uint32_t number = 0;
+    std::memcpy(&number, value.constData(), sizeof number);
+    return number;
+}
+
 void XDisplay::sendToWindowManager(xcb_window_t window, const QByteArray& type, std::uint32_t first) const {
     xcb_client_message_event_t message{};
     message.response_type = XCB_CLIENT_MESSAGE;
@@ -192,10 +206,11 @@ QList<xcb_window_t> XDisplay::activationRequests() const {
 }
 
 QByteArray XDisplay::property(xcb_window_t window, const QByteArray& name) const {
-    const Owned<xcb_get_property_reply_t> reply(xcb_get_property_reply(
-        m_connection,
-        xcb_get_property(m_connection, 0, window, atomNamed(m_connection, name), XCB_GET_PROPERTY_TYPE_ANY, 0, 1024),
-        nullptr));
+    const Owned<xcb_get_property_reply_t> reply(
+        xcb_get_property_reply(m_connection,
+                               xcb_get_property(m_connection, 0, window, atomNamed(m_connection, name),
+                                                XCB_GET_PROPERTY_TYPE_ANY, 0, 1U << 18U),
+                               nullptr));
     return reply ? QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())),
                               xcb_get_property_value_length(reply.get()))
                  : QByteArray();
@@ -244,8 +259,16 @@ void XDisplay::movePointer(QPoint position) const {
 
 void XDisplay::click(QPoint position) const {
     movePointer(position);
-    xcb_test_fake_input(m_connection, XCB_BUTTON_PRESS, 1, XCB_CURRENT_TIME, root(), 0, 0, 0);
-    xcb_test_fake_input(m_connection, XCB_BUTTON_RELEASE, 1, XCB_CURRENT_TIME, root(), 0, 0, 0);
+    pressButton(XCB_BUTTON_INDEX_1);
+}
+
+void XDisplay::wheelDown() const {
+    pressButton(XCB_BUTTON_INDEX_5);
+}
+
+void XDisplay::pressButton(std::uint8_t button) const {
+    xcb_test_fake_input(m_connection, XCB_BUTTON_PRESS, button, XCB_CURRENT_TIME, root(), 0, 0, 0);
+    xcb_test_fake_input(m_connection, XCB_BUTTON_RELEASE, button, XCB_CURRENT_TIME, root(), 0, 0, 0);
     synchronize();
 }
 

@@ -39,10 +39,15 @@ public:
     void activate(xcb_window_t window) const;
     // Asks the window manager to close it, as its menu does.
     void close(xcb_window_t window) const;
+    // Goes to another workspace, counted from 0, as a pager does; and which one is shown.
+    void showWorkspace(std::uint32_t number) const;
+    std::optional<std::uint32_t> shownWorkspace() const;
     // From now on, the windows that programs ask the window manager to activate are noted.
     void watchActivationRequests() const;
     QList<xcb_window_t> activationRequests() const;
     bool keyboardIsGrabbed() const;
+    // What a property of a window holds; of a larger one its first megabyte.
+    QByteArray property(xcb_window_t window, const QByteArray& name) const;
     // Whether some program has the selection with this name.
     bool hasOwner(const QByteArray& selection) const;
 
@@ -54,6 +59,8 @@ public:
     bool releaseKey(xcb_keysym_t symbol) const;
     void movePointer(QPoint position) const;
     void click(QPoint position) const;
+    // One step of the wheel, where the pointer is.
+    void wheelDown() const;
     // Whether the server answers within half a second. It does not while another program has it to itself.
     bool serverAnswers() const;
     // Returns when the server has done all that was asked before.
@@ -66,9 +73,9 @@ private:
 
     // The first key with the symbol on this level, or 0.
     xcb_keycode_t keyFor(xcb_keysym_t symbol, int level) const;
+    void pressButton(std::uint8_t button) const;
     void sendKey(xcb_keycode_t code, bool press) const;
     void sendToWindowManager(xcb_window_t window, const QByteArray& type, std::uint32_t first) const;
-    QByteArray property(xcb_window_t window, const QByteArray& name) const;
 
     xcb_connection_t* m_connection;
     xcb_screen_t* m_screen;

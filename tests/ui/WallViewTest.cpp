@@ -206,6 +206,22 @@ private Q_SLOTS:
         QCOMPARE(fixture.items("zelmo::AppIconItem").size(), 11);
     }
 
+    void withLessMovementCardsAreWhereTheyBelongAtOnce() {
+        WallFixture fixture(12);
+        fixture.motion.reduces = true;
+        fixture.content.prepare(*fixture.window.screen());
+        QVERIFY(fixture.waitForCards(12));
+        LauncherStore& store = *fixture.store.store;
+        fixture.store.waitForRest();
+        store.setIsEditingApps(true);
+        store.toggleSelection(store.apps()[0]);
+        const QQuickItem* last = fixture.texts(QStringLiteral("App 00011"))[0]->parentItem()->parentItem();
+        const QPointF start = last->position();
+        store.hideSelectedAppsFromLauncher();
+        QVERIFY(fixture.waitForCards(11));
+        QCOMPARE(last->position(), start - QPointF(176, 0));
+    }
+
     void textsHaveTheChosenLetters_data() {
         QTest::addColumn<QString>("style");
         QTest::addColumn<int>("nameWeight");
@@ -248,6 +264,49 @@ private Q_SLOTS:
         QCOMPARE(name.size(), 1);
         QVERIFY(name[0]->property("truncated").toBool());
         QCOMPARE(name[0]->width(), 126.0);
+    }
+
+    // In every layout, at every size that the settings allow and beyond.
+    void longNamesStayOnTheirCards_data() {
+        QTest::addColumn<QString>("layout");
+        QTest::addColumn<QString>("name");
+        for (const char* layout : {"grid", "list", "minimal", "tiles"}) {
+            for (const char* name :
+                 {"Donaudampfschifffahrtsgesellschaftskapit\u00e4nsm\u00fctzenverwaltung f\u00fcr alle F\u00e4lle",
+                  "\u8d85\u9577\u5bff\u9650\u7121\u5bff\u9650\u7121\u4e94\u52ab\u306e\u64e6\u308a\u5207\u308c\u6d77"
+                  "\u7802\u5229\u6c34\u9b5a"
+                  "\u8d85\u9577\u5bff\u9650\u7121\u5bff\u9650\u7121\u4e94\u52ab\u306e\u64e6\u308a\u5207\u308c\u6d77"
+                  "\u7802\u5229\u6c34\u9b5a"})
+                QTest::addRow("%s, %.5s", layout, name) << QString::fromLatin1(layout) << QString::fromUtf8(name);
+        }
+    }
+    void longNamesStayOnTheirCards() {
+        QFETCH(QString, layout);
+        QFETCH(QString, name);
+        WallFixture fixture(0, {{QStringLiteral("launcherInterfaceStyle"), layout}});
+        fixture.store.installed.set({found(name), found(QStringLiteral("Short"))});
+        fixture.store.store->refresh();
+        QVERIFY(fixture.waitForCards(2));
+        for (double size = 9; size <= 26; ++size) {
+            fixture.store.preferences->setValue<PreferenceKey::appNameFontSize>(size);
+            fixture.store.preferences->setValue<PreferenceKey::appCategoryFontSize>(std::min(size, 16.0));
+            QCoreApplication::processEvents();
+            const QQuickItem* text = fixture.texts(name).value(0);
+            QVERIFY(text);
+            const QQuickItem* card = text->parentItem();
+            while (card && !card->inherits("zelmo::CardGrid") && !card->property("usageSummary").isValid())
+                card = card->parentItem();
+            QVERIFY(card);
+            const QRectF room = fixture.place(card);
+            const QRectF taken = fixture.place(text);
+            QVERIFY2(taken.left() >= room.left() && taken.right() <= room.right(), qPrintable(QString::number(size)));
+            QVERIFY2(text->property("contentWidth").toReal() <= taken.width() + 0.5, qPrintable(QString::number(size)));
+            // Into the space between two rows at the most.
+            QVERIFY2(taken.top() >= room.top() - 0.5 && taken.bottom() <= room.bottom() + 20,
+                     qPrintable(QString::number(size)));
+            // How wide other letters are depends on the fonts there are.
+            QVERIFY(layout == u"list" || !name.startsWith(u'D') || text->property("truncated").toBool());
+        }
     }
 
     void namesAreNeverTakenForMarkup() {

@@ -17,20 +17,35 @@ SvgCost& SvgCost::operator+=(const SvgCost& other) {
     points += other.points;
     strokedPoints += other.strokedPoints;
     dashedPoints += other.dashedPoints;
+    outlines += other.outlines;
+    crossings += other.crossings;
+    paint += other.paint;
     return *this;
+}
+
+SvgCost SvgCost::operator*(qint64 times) const {
+    return {.elements = elements * times,
+            .geometry = geometry * times,
+            .characters = characters * times,
+            .texts = texts * times,
+            .points = points * times,
+            .strokedPoints = strokedPoints * times,
+            .dashedPoints = dashedPoints * times,
+            .outlines = outlines * times,
+            .crossings = crossings * times,
+            .paint = paint * times};
 }
 
 bool SvgCost::isWithin(const SvgCost& limit) const {
     return elements <= limit.elements && geometry <= limit.geometry && characters <= limit.characters &&
            texts <= limit.texts && points <= limit.points && strokedPoints <= limit.strokedPoints &&
-           dashedPoints <= limit.dashedPoints;
+           dashedPoints <= limit.dashedPoints && outlines <= limit.outlines && crossings <= limit.crossings &&
+           paint <= limit.paint;
 }
 
-int SvgCostTree::add(int parent, const SvgCost& own, const QString& identifier, const QString& reference) {
+int SvgCostTree::add(int parent, const SvgCost& own) {
     const int index = static_cast<int>(m_elements.size());
-    m_elements.push_back({own, reference, -1, -1, -1, State::open});
-    if (!identifier.isEmpty())
-        m_byIdentifier.insert(identifier, index);
+    m_elements.push_back({own, {}, -1, -1, -1, State::open});
     if (parent < 0)
         return index;
     Element& above = m_elements[static_cast<std::size_t>(parent)];
@@ -40,6 +55,10 @@ int SvgCostTree::add(int parent, const SvgCost& own, const QString& identifier, 
         m_elements[static_cast<std::size_t>(above.lastChild)].nextSibling = index;
     above.lastChild = index;
     return index;
+}
+
+void SvgCostTree::refer(int element, SvgReference reference) {
+    m_elements[static_cast<std::size_t>(element)].references.push_back(std::move(reference));
 }
 
 SvgCostTree::Total SvgCostTree::total(const SvgCost& limit) {
@@ -60,26 +79,44 @@ SvgCostTree::Problem SvgCostTree::addUp(int index, const SvgCost& limit, int dep
     if (depth > depthLimit)
         return Problem::tooDeep;
     element.state = State::running;
-    const auto include = [&](int part) {
-        if (const Problem problem = addUp(part, limit, depth + 1); problem != Problem::none)
-            return problem;
-        element.cost += m_elements[static_cast<std::size_t>(part)].cost;
-        return element.cost.isWithin(limit) ? Problem::none : Problem::tooHeavy;
-    };
     for (int child = element.firstChild; child >= 0; child = m_elements[static_cast<std::size_t>(child)].nextSibling) {
-        if (const Problem problem = include(child); problem != Problem::none)
+        if (const Problem problem = addUp(child, limit, depth + 1); problem != Problem::none)
             return problem;
+        element.cost += m_elements[static_cast<std::size_t>(child)].cost;
+        if (!element.cost.isWithin(limit))
+            return Problem::tooHeavy;
     }
-    if (!element.reference.isEmpty()) {
-        // Which of several elements of one name is meant is left to the renderer: all are counted.
-        const auto [first, last] = m_byIdentifier.equal_range(element.reference);
-        for (auto target = first; target != last; ++target) {
-            if (const Problem problem = include(*target); problem != Problem::none)
-                return problem;
-        }
+    // What clips comes last, for it meets every outline in the element.
+    for (const SvgReference::Kind kind : {SvgReference::Kind::drawn, SvgReference::Kind::clipping}) {
+        if (const Problem problem = addReferences(element, kind, limit, depth); problem != Problem::none)
+            return problem;
     }
     element.state = State::closed;
     return element.cost.isWithin(limit) ? Problem::none : Problem::tooHeavy;
+}
+
+SvgCostTree::Problem SvgCostTree::addReferences(Element& element, SvgReference::Kind kind, const SvgCost& limit,
+                                                int depth) {
+    for (const SvgReference& reference : element.references) {
+        if (reference.kind != kind)
+            continue;
+        // Which of several elements of one name is meant is left to the renderer: all are counted.
+        const auto [first, last] = m_byIdentifier.equal_range(reference.identifier);
+        for (auto target = first; target != last; ++target) {
+            if (const Problem problem = addUp(*target, limit, depth + 1); problem != Problem::none)
+                return problem;
+            const SvgCost& other = m_elements[static_cast<std::size_t>(*target)].cost;
+            if (kind == SvgReference::Kind::clipping) {
+                const qint64 clip = other.points;
+                element.cost.crossings += 2 * clip * element.cost.points + clip * clip * element.cost.outlines;
+                element.cost.points += clip * element.cost.outlines;
+            }
+            element.cost += other * reference.times;
+            if (!element.cost.isWithin(limit))
+                return Problem::tooHeavy;
+        }
+    }
+    return Problem::none;
 }
 
 } // namespace zelmo

@@ -14,21 +14,40 @@ struct SvgCost {
     qint64 geometry = 0; // length of the outlines' descriptions
     qint64 characters = 0;
     qint64 texts = 0;         // elements that may each name a font of their own
-    qint64 points = 0;        // numbers in the descriptions of outlines
+    qint64 points = 0;        // numbers in the descriptions of outlines, also of what they are clipped by
     qint64 strokedPoints = 0; // those of stroked ones
     qint64 dashedPoints = 0;  // those of dashed ones
+    // Counted only where the effects are drawn:
+    qint64 outlines = 0;
+    qint64 crossings = 0; // that there may be of lines, and other work that takes as long as one of them
+    qint64 paint = 0;     // nanoseconds for each pixel of the picture
 
     SvgCost& operator+=(const SvgCost& other);
+    SvgCost operator*(qint64 times) const;
     bool isWithin(const SvgCost& limit) const;
+};
+
+// That an element needs another one when it is drawn.
+struct SvgReference {
+    enum class Kind {
+        drawn,   // in place of the element or for it
+        clipping // cuts every outline in the element
+    };
+
+    QString identifier;
+    Kind kind = Kind::drawn;
+    qint64 times = 1;
 };
 
 // The elements of a vector picture, for adding up what they cost when everything that is repeated is
 // counted as often as it is drawn. Each element is added up once, however often it is repeated. Used
-// by one SvgGuard::check only.
+// by one reading of one picture only.
 class SvgCostTree {
 public:
-    // `parent` is an earlier element or -1. `reference` is the identifier of an element drawn in place.
-    int add(int parent, const SvgCost& own, const QString& identifier, const QString& reference);
+    // `parent` is an earlier element or -1.
+    int add(int parent, const SvgCost& own);
+    void identify(int element, const QString& identifier) { m_byIdentifier.insert(identifier, element); }
+    void refer(int element, SvgReference reference);
     SvgCost& own(int element) { return m_elements[static_cast<std::size_t>(element)].cost; }
 
     enum class Problem { none, containsItself, tooDeep, tooHeavy };
@@ -42,7 +61,7 @@ private:
     enum class State { open, running, closed };
     struct Element {
         SvgCost cost;
-        QString reference;
+        std::vector<SvgReference> references;
         int firstChild = -1;
         int lastChild = -1;
         int nextSibling = -1;
@@ -50,6 +69,7 @@ private:
     };
 
     Problem addUp(int index, const SvgCost& limit, int depth);
+    Problem addReferences(Element& element, SvgReference::Kind kind, const SvgCost& limit, int depth);
 
     std::vector<Element> m_elements;
     QMultiHash<QString, int> m_byIdentifier;

@@ -24,7 +24,10 @@ constexpr SvgCost costLimit{.elements = 20'000,
                             .texts = 1000,
                             .points = unlimited,
                             .strokedPoints = 6000,
-                            .dashedPoints = unlimited};
+                            .dashedPoints = unlimited,
+                            .outlines = unlimited,
+                            .crossings = unlimited,
+                            .paint = unlimited};
 constexpr qint64 elementLimit = 10'000;
 constexpr int nestingLimit = 64;
 constexpr qint64 opacityLayerCost = 4;
@@ -134,8 +137,9 @@ private:
         if (m_elementCount == 1 && name != QLatin1StringView("svg"))
             return refuse(SvgVerdict::damaged);
         SvgCost cost{.elements = 1};
-        QString identifier;
-        QString reference;
+        // Attributes of other vocabularies may have the same names.
+        QStringList identifiers;
+        QStringList references;
         bool isDashed = false;
         bool isStroked = false;
         const QXmlStreamAttributes attributes = m_reader.attributes();
@@ -145,9 +149,9 @@ private:
             if (key == u"d" || key == u"points")
                 cost.geometry += value.size();
             else if (key == u"id")
-                identifier = value.toString();
+                identifiers += value.toString();
             else if (key == u"href")
-                reference = readReference(name, value.trimmed());
+                references += readReference(name, value.trimmed());
             else if (key == u"stroke-dasharray")
                 isDashed = noteDashes(value) || isDashed;
             else if (key == u"viewBox" && m_elementCount == 1)
@@ -175,7 +179,11 @@ private:
             name == QLatin1StringView("textArea"))
             cost.texts = 1;
         const int parent = m_open.empty() ? -1 : m_open.back().index;
-        m_open.push_back({m_tree.add(parent, cost, identifier, reference), name == QLatin1StringView("style")});
+        m_open.push_back({m_tree.add(parent, cost), name == QLatin1StringView("style")});
+        for (const QString& identifier : std::as_const(identifiers))
+            m_tree.identify(m_open.back().index, identifier);
+        for (const QString& reference : std::as_const(references))
+            m_tree.refer(m_open.back().index, {reference});
     }
 
     void readText() {
@@ -200,7 +208,8 @@ private:
             return target.sliced(1).toString();
         if (name == QLatin1StringView("image"))
             readPicture(target);
-        else if (name != QLatin1StringView("a") && !target.isEmpty())
+        // Neither where a link leads nor a color profile is read.
+        else if (name != QLatin1StringView("a") && name != QLatin1StringView("color-profile") && !target.isEmpty())
             refuse(SvgVerdict::reachesOutside);
         return {};
     }

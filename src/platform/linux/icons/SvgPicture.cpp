@@ -1,7 +1,9 @@
 #include "platform/linux/icons/SvgPicture.h"
 
 #include "platform/linux/icons/PictureFormat.h"
+#include "platform/linux/icons/SvgEffects.h"
 #include "platform/linux/icons/SvgGuard.h"
+#include "platform/linux/icons/SvgLibrary.h"
 
 #include <QPainter>
 #include <QSvgRenderer>
@@ -45,6 +47,11 @@ QImage SvgPicture::render(const QByteArray& bytes, int pixels) {
     }
     if (verdict != SvgVerdict::accepted)
         return {};
+    if (SvgEffects::read(text).canBeDrawn(pixels)) {
+        if (QImage image = SvgLibrary::draw(text, pixels); !image.isNull())
+            return image;
+    }
+    // Better than nothing where the library is missing or the effects would take too long: it passes over them.
     QSvgRenderer renderer;
     renderer.setFramesPerSecond(0);
     if (!renderer.load(text))

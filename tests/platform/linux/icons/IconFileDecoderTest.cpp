@@ -338,6 +338,10 @@ private Q_SLOTS:
             QTest::newRow(format) << encoded(filled(24, 24, red), format);
         QTest::newRow("SVG") << svg("<g id='a'><path d='M0 0C9 9 9 9 3 3' stroke='red' stroke-dasharray='3 4'/></g>"
                                     "<use xlink:href='#a' transform='scale(2)'/>");
+        QTest::newRow("SVG with effects")
+            << svg("<filter id='f'><feGaussianBlur stdDeviation='2'/></filter><mask id='m'><rect width='50' "
+                   "height='60' fill='#fff' filter='url(#f)'/></mask><clipPath id='c'><path d='M0 0h9v9z'/></clipPath>"
+                   "<g mask='url(#m)'><rect width='9' height='9' style='clip-path:url(#c)'/><text>a</text></g>");
         QTest::newRow("ICNS") << icns({filled(32, 32, red), filled(128, 128, green)});
         QTest::newRow("ICNS of JPEG 2000") << icns({filled(256, 256, red)});
     }

@@ -52,6 +52,7 @@ private Q_SLOTS:
             accepted);
         row("repeated a little", nestedUses(3), accepted);
         row("links to the web", svg("<a xlink:href='https://example.org'><rect width='9' height='9'/></a>"), accepted);
+        row("names a color profile", svg("<color-profile xlink:href='/usr/share/color/icc/sRGB.icc'/>"), accepted);
         row("dashed", svg("<path d='M0 0L9 9' stroke='red' stroke-dasharray='1 2'/>"), accepted);
         row("dashed, without a view box",
             svg("<path d='" + zigzag(100) + "' stroke-dasharray='4'/>", "width='64px' height='64'"), accepted);
@@ -75,6 +76,8 @@ private Q_SLOTS:
 
         row("repeated much", nestedUses(5), tooHeavy);
         row("repeated beyond counting", nestedUses(40), tooHeavy);
+        row("repeated beyond counting, with misleading names",
+            nestedUses(40).replace("'><use", "' x:id='a'><use").replace("'/><use", "' x:href='#none'/><use"), tooHeavy);
         row("long outline", svg("<path d='" + zigzag(100'000) + "'/>"), tooHeavy);
         row("long outline, repeated",
             svg("<path id='a' d='" + zigzag(10'000) + "'/>" + QByteArray("<use href='#a'/>").repeated(10)), tooHeavy);

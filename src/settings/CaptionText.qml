@@ -1,0 +1,6 @@
+import Zelmo.Settings
+
+SettingsText {
+    color: colors.secondaryText
+    font.pixelSize: SettingsMetrics.captionSize
+}
