@@ -1,9 +1,9 @@
 #include "platform/linux/propertylist/PropertyList.h"
 
+#include "platform/linux/files/Utf8Decoder.h"
 #include "platform/linux/propertylist/PropertyListGuard.h"
 
 #include <QSet>
-#include <QStringDecoder>
 
 #include <clocale>
 #include <cstdlib>
@@ -36,11 +36,8 @@ struct Freed {
     void operator()(void* memory) const { std::free(memory); }
 };
 
-// A mark of byte order is a character like any other in a text.
 QString textOf(QByteArrayView utf8) {
-    QStringDecoder decoder(QStringDecoder::Utf8,
-                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
-    return decoder.decode(utf8);
+    return utf8Decoder().decode(utf8);
 }
 
 QString stringValue(plist_t node) {
@@ -206,10 +203,10 @@ QHash<QString, PropertyListValue> PropertyList::values() const {
         const std::unique_ptr<char, Freed> ownedKey(key);
         if (!node)
             return values;
-        const auto count = seenKeys.size();
+        if (seenKeys.contains(key))
+            continue;
         seenKeys.insert(key);
-        if (seenKeys.size() != count)
-            insertValue(values, textOf(key), node);
+        insertValue(values, textOf(key), node);
     }
 }
 
