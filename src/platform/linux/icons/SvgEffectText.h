@@ -7,7 +7,8 @@
 
 namespace zelmo {
 
-// What SvgEffects reads out of single names, values and the whole text of a vector picture.
+// What SvgEffects reads out of single names, values and the whole text of a vector picture. SvgGuard counts numbers
+// too.
 
 // Most pictures can't have effects, and need no closer look.
 bool mayHaveSvgEffects(const QByteArray& bytes);

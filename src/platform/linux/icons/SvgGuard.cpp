@@ -2,6 +2,7 @@
 
 #include "platform/linux/icons/PictureFormat.h"
 #include "platform/linux/icons/SvgCost.h"
+#include "platform/linux/icons/SvgEffectText.h"
 
 #include <QXmlStreamReader>
 
@@ -41,27 +42,12 @@ QStringView localName(QStringView name) {
     return name.sliced(name.lastIndexOf(u':') + 1);
 }
 
-qint64 numberCount(QStringView text) {
-    qint64 count = 0;
-    bool isInNumber = false;
-    bool hasPoint = false;
-    for (const QChar c : text) {
-        // A second point starts another number.
-        const bool startsAgain = c == u'.' && hasPoint;
-        const bool isDigit = c.isDigit() || c == u'.';
-        count += isDigit && (!isInNumber || startsAgain) ? 1 : 0;
-        hasPoint = c == u'.' || (hasPoint && isDigit);
-        isInNumber = isDigit;
-    }
-    return count;
-}
-
 // How many numbers would describe the outline of an element that is drawn; 0 for all others.
 qint64 outlinePoints(const QString& name, const QXmlStreamAttributes& attributes) {
     if (name == QLatin1StringView("path"))
-        return std::max<qint64>(4, numberCount(attributes.value(QLatin1StringView("d"))));
+        return std::max<qint64>(4, SvgNumbers::in(attributes.value(QLatin1StringView("d"))).count);
     if (name == QLatin1StringView("polygon") || name == QLatin1StringView("polyline"))
-        return std::max<qint64>(4, numberCount(attributes.value(QLatin1StringView("points"))));
+        return std::max<qint64>(4, SvgNumbers::in(attributes.value(QLatin1StringView("points"))).count);
     if (name == QLatin1StringView("line"))
         return 4;
     const bool isShape = name == QLatin1StringView("rect") || name == QLatin1StringView("circle") ||
