@@ -4,11 +4,14 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <limits>
 
 namespace zelmo {
 
 namespace {
+
+constexpr double measuresAround = 8; // more than around a circle or a square
 
 struct FilterPart {
     QStringView name;
@@ -60,8 +63,12 @@ std::optional<qint64> svgFilterPartCost(QStringView element) {
 }
 
 // A sign needs no space before it, nor does a point when the number has one already.
-SvgNumbers SvgNumbers::in(QStringView text) {
-    SvgNumbers numbers;
+SvgOutline SvgOutline::ofDescription(QStringView text) {
+    SvgOutline outline;
+    double largest = 0;
+    double sum = 0;
+    qint64 closings = 0;
+    bool isTold = true;
     qsizetype at = 0;
     while (at < text.size()) {
         const qsizetype start = at;
@@ -71,16 +78,36 @@ SvgNumbers SvgNumbers::in(QStringView text) {
             ++at;
         }
         if (at == start) {
-            ++at;
+            const QChar letter = text[at++].toLower();
+            closings += letter == u'z' ? 1 : 0;
+            // These lead farther away with each of them.
+            isTold = isTold && letter != u't';
             continue;
         }
-        ++numbers.count;
+        ++outline.points;
         const bool hasExponent = at < text.size() && (text[at] == u'e' || text[at] == u'E') && at + 1 < text.size() &&
                                  (text[at + 1].isDigit() || text[at + 1] == u'+');
-        numbers.largest = hasExponent ? std::numeric_limits<double>::infinity()
-                                      : std::max(numbers.largest, text.sliced(start, at - start).toDouble());
+        isTold = isTold && !hasExponent;
+        const double number = text.sliced(start, at - start).toDouble();
+        largest = std::max(largest, number);
+        sum += number;
     }
-    return numbers;
+    outline.points += closings;
+    // A part of it may be closed from as far away as all the numbers before lead.
+    outline.length = static_cast<double>(outline.points) * 2 * largest;
+    if (closings > 0)
+        outline.length += static_cast<double>(closings) * sum;
+    if (!isTold)
+        outline.length = std::numeric_limits<double>::infinity();
+    return outline;
+}
+
+SvgOutline SvgOutline::ofMeasure(QStringView text) {
+    const QStringView value = text.trimmed();
+    bool isNumber = false;
+    const double number = (value.endsWith(u"px") ? value.chopped(2) : value).toDouble(&isNumber);
+    const bool isTold = isNumber && std::isfinite(number);
+    return {1, isTold ? measuresAround * std::abs(number) : std::numeric_limits<double>::infinity()};
 }
 
 } // namespace zelmo

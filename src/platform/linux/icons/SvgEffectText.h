@@ -7,8 +7,8 @@
 
 namespace zelmo {
 
-// What SvgEffects reads out of single names, values and the whole text of a vector picture. SvgGuard counts numbers
-// too.
+// What SvgEffects reads out of single names, values and the whole text of a vector picture. SvgGuard counts the
+// points too.
 
 // Most pictures can't have effects, and need no closer look.
 bool mayHaveSvgEffects(const QByteArray& bytes);
@@ -20,11 +20,13 @@ bool isPlainSvgText(const QByteArray& bytes);
 // other pictures.
 std::optional<qint64> svgFilterPartCost(QStringView element);
 
-struct SvgNumbers {
-    qint64 count = 0;
-    double largest = 0;
+// What the numbers in an element's attributes tell of its outline.
+struct SvgOutline {
+    qint64 points = 0; // numbers, and what closes a part of it without one
+    double length = 0; // at most; infinite where there is no telling
 
-    static SvgNumbers in(QStringView text);
+    static SvgOutline ofDescription(QStringView text); // of a path, or the corners of a polygon
+    static SvgOutline ofMeasure(QStringView text);     // one side, radius or the like of another shape
 };
 
 } // namespace zelmo

@@ -91,7 +91,7 @@ private:
     struct Drawn {
         int index;
         bool isShape;
-        SvgNumbers numbers;
+        SvgOutline outline;
         QString classes;
         bool isDashed = false;
     };
@@ -109,7 +109,7 @@ private:
         QStringList identifiers;
         QStringList references;
         QString classes;
-        SvgNumbers numbers;
+        SvgOutline outline;
         for (const QXmlStreamAttribute& attribute : attributes) {
             const QStringView key = localName(attribute.qualifiedName());
             const QStringView value = attribute.value();
@@ -129,16 +129,18 @@ private:
                 declarations.declare(key, value);
             if (isShape(name) && isOneOf(key, {u"d", u"points", u"x", u"y", u"x1", u"x2", u"y1", u"y2", u"width",
                                                u"height", u"r", u"rx", u"ry", u"cx", u"cy"})) {
-                const SvgNumbers found = SvgNumbers::in(value);
-                numbers = {numbers.count + found.count, std::max(numbers.largest, found.largest)};
+                const bool isDescription = key == u"d" || key == u"points";
+                const SvgOutline found =
+                    isDescription ? SvgOutline::ofDescription(value) : SvgOutline::ofMeasure(value);
+                outline = {outline.points + found.points, std::max(outline.length, found.length)};
             }
         }
         if (isShape(name)) {
             cost.outlines = 1;
             const bool isSimple = name != u"path" && !name.startsWith(u"poly");
             if (isSimple)
-                numbers.count = sidesOfSimpleShape;
-            cost.points = std::max(numbers.count, isSimple ? pointsOfSimpleShape : 1);
+                outline.points = sidesOfSimpleShape;
+            cost.points = std::max(outline.points, isSimple ? pointsOfSimpleShape : 1);
             cost.crossings = cost.points * cost.points;
         }
         readKind(name, attributes, isRoot, cost);
@@ -154,7 +156,7 @@ private:
                 m_tree.own(index).crossings += readPicture(reference) / picturePixelsPerCrossing;
         }
         readGradient(name, attributes);
-        m_drawn.push_back({index, isShape(name), numbers, classes});
+        m_drawn.push_back({index, isShape(name), outline, classes});
         apply(declarations, m_drawn.back());
         const bool isText = name == u"text" || (!isRoot && m_open.back().isText);
         m_open.push_back({index, name == u"style", isText, {}});
@@ -198,6 +200,7 @@ private:
             m_effects.m_areWanted = true;
         } else if (name == u"text" || name == u"tspan") {
             m_effects.m_areWanted = true;
+            m_hasText = true;
             countCharacters(cost, charactersOfTextElement);
             cost.paint += paintOfText;
         } else if (name == u"image") {
@@ -281,7 +284,7 @@ private:
         for (const QString& target : declarations.paints)
             m_tree.refer(element.index, {target});
         for (const QString& target : declarations.markers)
-            m_tree.refer(element.index, {target, SvgReference::Kind::drawn, element.numbers.count});
+            m_tree.refer(element.index, {target, SvgReference::Kind::drawn, element.outline.points});
     }
 
     void applyStyleSheet() {
@@ -312,13 +315,13 @@ private:
             m_areDashesInherited = true;
     }
 
-    // Dashes that nobody sees are made too. A line is at most twice as long as the largest number.
+    // Dashes that nobody sees are made too. How long the outlines of letters are nobody knows.
     void addDashes() {
+        m_isClear = m_isClear && !m_hasText;
         for (const Drawn& element : m_drawn) {
             if (!element.isShape || (!element.isDashed && !m_areDashesInherited))
                 continue;
-            const double dashes =
-                static_cast<double>(element.numbers.count) * 2 * element.numbers.largest / m_shortestDashes;
+            const double dashes = element.outline.length / m_shortestDashes;
             m_isClear = m_isClear && dashes <= dashLimit;
             if (dashes <= dashLimit)
                 m_tree.own(element.index).crossings += static_cast<qint64>(dashes * dashes);
@@ -346,6 +349,7 @@ private:
     bool m_areDashesInherited = false;
     bool m_isScaled = false;
     bool m_hasPattern = false;
+    bool m_hasText = false;
     bool m_isPatternInUserSpace = true;
     bool m_isPaintInherited = false;
 };

@@ -45,9 +45,9 @@ QStringView localName(QStringView name) {
 // How many numbers would describe the outline of an element that is drawn; 0 for all others.
 qint64 outlinePoints(const QString& name, const QXmlStreamAttributes& attributes) {
     if (name == QLatin1StringView("path"))
-        return std::max<qint64>(4, SvgNumbers::in(attributes.value(QLatin1StringView("d"))).count);
+        return std::max<qint64>(4, SvgOutline::ofDescription(attributes.value(QLatin1StringView("d"))).points);
     if (name == QLatin1StringView("polygon") || name == QLatin1StringView("polyline"))
-        return std::max<qint64>(4, SvgNumbers::in(attributes.value(QLatin1StringView("points"))).count);
+        return std::max<qint64>(4, SvgOutline::ofDescription(attributes.value(QLatin1StringView("points"))).points);
     if (name == QLatin1StringView("line"))
         return 4;
     const bool isShape = name == QLatin1StringView("rect") || name == QLatin1StringView("circle") ||

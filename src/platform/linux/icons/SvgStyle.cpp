@@ -80,6 +80,9 @@ void SvgDeclarations::declare(QStringView property, QStringView value) {
         paint += blendCost;
     } else if (property == u"stroke-dasharray") {
         dash(value);
+    } else if (property == u"vector-effect" || property == u"pathLength") {
+        // Dashes then have another scale than the outline.
+        areClear = false;
     } else if (property == u"transform") {
         // Whatever else there is may scale.
         areScaling = areScaling || value.count(u'(') != value.count(u"translate(") + value.count(u"rotate(");

@@ -239,6 +239,21 @@ private Q_SLOTS:
         row("long dashed line in a group",
             svg("<clipPath id='c'/><g clip-path='url(#c)' stroke='red' style='stroke-dasharray:1'><path d='M0 "
                 "0L99999 0'/></g>"));
+        row("many markers on a part that is closed again and again",
+            svg("<marker id='m'>" + redSquare.repeated(10) + "</marker><path marker-mid='url(#m)' d='M0 0" +
+                QByteArray("z").repeated(3000) + "'/>"));
+        const auto dashed = [&row](const char* name, const QByteArray& shape) {
+            row(name,
+                svg("<clipPath id='c'/><g clip-path='url(#c)' stroke='red' stroke-dasharray='20'>" + shape + "</g>"));
+        };
+        dashed("dashes around a part of what is seen", "<rect width='100%' height='100%'/>");
+        dashed("dashes around a part of the letters' size", "<rect width='9em' height='9'/>");
+        dashed("dashes to where a part is closed from afar",
+               "<path d='M0 0" + QByteArray("m100 0").repeated(20) + QByteArray("L0 0z").repeated(100) + "'/>");
+        dashed("dashes along curves that swing up", "<path d='M0 0T9 9T0 0'/>");
+        dashed("dashes of a scale of their own", "<path d='M0 0h9' vector-effect='non-scaling-stroke'/>");
+        dashed("dashes in parts of a length", "<path d='M0 0h9' pathLength='1000000'/>");
+        dashed("dashed text", "<text>a</text>");
         row("much text", svg("<text>" + QByteArray("a").repeated(1000) + "</text>"));
         row("many fonts", svg("<text>" + QByteArray("<tspan> </tspan>").repeated(100) + "</text>"));
         row("vector behind a picture",
