@@ -1,5 +1,7 @@
 #include "platform/linux/icons/SvgCost.h"
 
+#include <algorithm>
+
 namespace zelmo {
 
 namespace {
@@ -20,6 +22,7 @@ SvgCost& SvgCost::operator+=(const SvgCost& other) {
     outlines += other.outlines;
     crossings += other.crossings;
     paint += other.paint;
+    enlargement = std::max(enlargement, other.enlargement);
     return *this;
 }
 
@@ -33,19 +36,20 @@ SvgCost SvgCost::operator*(qint64 times) const {
             .dashedPoints = dashedPoints * times,
             .outlines = outlines * times,
             .crossings = crossings * times,
-            .paint = paint * times};
+            .paint = paint * times,
+            .enlargement = enlargement};
 }
 
 bool SvgCost::isWithin(const SvgCost& limit) const {
     return elements <= limit.elements && geometry <= limit.geometry && characters <= limit.characters &&
            texts <= limit.texts && points <= limit.points && strokedPoints <= limit.strokedPoints &&
            dashedPoints <= limit.dashedPoints && outlines <= limit.outlines && crossings <= limit.crossings &&
-           paint <= limit.paint;
+           paint <= limit.paint && enlargement <= limit.enlargement;
 }
 
 int SvgCostTree::add(int parent, const SvgCost& own) {
     const int index = static_cast<int>(m_elements.size());
-    m_elements.push_back({own, {}, -1, -1, -1, State::open});
+    m_elements.push_back({.cost = own, .references = {}});
     if (parent < 0)
         return index;
     Element& above = m_elements[static_cast<std::size_t>(parent)];
@@ -91,6 +95,7 @@ SvgCostTree::Problem SvgCostTree::addUp(int index, const SvgCost& limit, int dep
         if (const Problem problem = addReferences(element, kind, limit, depth); problem != Problem::none)
             return problem;
     }
+    element.cost.enlargement *= element.enlargement;
     element.state = State::closed;
     return element.cost.isWithin(limit) ? Problem::none : Problem::tooHeavy;
 }

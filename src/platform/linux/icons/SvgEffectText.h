@@ -20,6 +20,12 @@ bool isPlainSvgText(const QByteArray& bytes);
 // other pictures.
 std::optional<qint64> svgFilterPartCost(QStringView element);
 
+// A length in the picture's own units, without its sign. None when it has another unit or is no number.
+std::optional<double> svgMeasure(QStringView text);
+
+// By how much a transform makes things larger, at least 1; infinite where there is no telling.
+double svgEnlargement(QStringView transform);
+
 // What the numbers in an element's attributes tell of its outline.
 struct SvgOutline {
     qint64 points = 0; // numbers, and what closes a part of it without one

@@ -2,6 +2,7 @@
 
 #include "platform/linux/icons/PictureFormat.h"
 #include "platform/linux/icons/SvgEffectText.h"
+#include "platform/linux/icons/SvgLineWidth.h"
 #include "platform/linux/icons/SvgStyle.h"
 
 #include <QSet>
@@ -26,7 +27,8 @@ constexpr SvgCost costLimit{.elements = 20'000,
                             .dashedPoints = unlimited,
                             .outlines = 20'000,
                             .crossings = 40'000'000,
-                            .paint = 1'000'000};
+                            .paint = 1'000'000,
+                            .enlargement = std::numeric_limits<double>::infinity()};
 constexpr qint64 paintLimit = 640'000'000; // nanoseconds for the whole picture
 constexpr qint64 pointsOfSimpleShape = 16;
 constexpr qint64 sidesOfSimpleShape = 4;
@@ -156,6 +158,7 @@ private:
                 m_tree.own(index).crossings += readPicture(reference) / picturePixelsPerCrossing;
         }
         readGradient(name, attributes);
+        m_lines.readElement(index, name, attributes);
         m_drawn.push_back({index, isShape(name), outline, classes});
         apply(declarations, m_drawn.back());
         const bool isText = name == u"text" || (!isRoot && m_open.back().isText);
@@ -272,6 +275,7 @@ private:
         m_isClear = m_isClear && declarations.areClear;
         noteDashes(declarations, &element);
         m_isScaled = m_isScaled || declarations.areScaling;
+        m_lines.apply(element.index, declarations);
         SvgCost& own = m_tree.own(element.index);
         own.paint += declarations.paint;
         if (element.isShape && !declarations.paints.empty())
@@ -295,6 +299,7 @@ private:
         m_isPaintInherited = m_isPaintInherited || !others.paints.empty();
         noteDashes(others, nullptr);
         m_isScaled = m_isScaled || others.areScaling;
+        m_lines.applyToAll(others);
         m_isClear =
             m_isClear && others.areClear && others.references.empty() && others.markers.empty() && others.paint == 0;
     }
@@ -329,8 +334,9 @@ private:
     }
 
     void weigh() {
+        m_lines.enlarge(m_tree);
         const SvgCostTree::Total total = m_tree.total(costLimit);
-        if (total.problem == SvgCostTree::Problem::none)
+        if (total.problem == SvgCostTree::Problem::none && m_lines.isBounded(total.cost.enlargement))
             m_effects.m_paint = total.cost.paint;
     }
 
@@ -338,6 +344,7 @@ private:
     SvgEffects m_effects;
     SvgCostTree m_tree;
     SvgStyleSheet m_sheet;
+    SvgLineWidth m_lines;
     std::vector<OpenElement> m_open;
     std::vector<Drawn> m_drawn;
     QSet<QString> m_unitsInUserSpace; // gradients that say so

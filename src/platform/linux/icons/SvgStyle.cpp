@@ -1,5 +1,7 @@
 #include "platform/linux/icons/SvgStyle.h"
 
+#include "platform/linux/icons/SvgEffectText.h"
+
 #include <algorithm>
 #include <optional>
 
@@ -83,7 +85,10 @@ void SvgDeclarations::declare(QStringView property, QStringView value) {
     } else if (property == u"vector-effect" || property == u"pathLength") {
         // Dashes then have another scale than the outline.
         areClear = false;
+    } else if (property == u"stroke-width") {
+        lineWidth = std::max(lineWidth, svgMeasure(value).value_or(std::numeric_limits<double>::infinity()));
     } else if (property == u"transform") {
+        enlargement *= svgEnlargement(value);
         // Whatever else there is may scale.
         areScaling = areScaling || value.count(u'(') != value.count(u"translate(") + value.count(u"rotate(");
     }
@@ -146,6 +151,8 @@ void SvgDeclarations::operator+=(const SvgDeclarations& other) {
     paint += other.paint;
     areEffects = areEffects || other.areEffects;
     dashes = std::min(dashes, other.dashes);
+    lineWidth = std::max(lineWidth, other.lineWidth);
+    enlargement *= other.enlargement;
     areScaling = areScaling || other.areScaling;
     areClear = areClear && other.areClear;
 }
