@@ -16,6 +16,10 @@ constexpr qint64 maskCost = 13;
 constexpr qint64 filterCost = 6;
 constexpr qint64 filterFunctionCost = 100;
 
+// Beyond what any picture needs; each element and each class keeps its own.
+constexpr std::size_t referenceLimit = 16;
+constexpr qsizetype classLimit = 4000;
+
 bool mentionsAddress(QStringView value) {
     return value.contains(QLatin1StringView("url"), Qt::CaseInsensitive);
 }
@@ -142,6 +146,16 @@ void SvgDeclarations::declareStyle(QStringView style) {
             areClear = false;
         declare(property, value);
     }
+    bound();
+}
+
+void SvgDeclarations::bound() {
+    if (references.size() + paints.size() + markers.size() <= referenceLimit)
+        return;
+    references.clear();
+    paints.clear();
+    markers.clear();
+    areClear = false;
 }
 
 void SvgDeclarations::operator+=(const SvgDeclarations& other) {
@@ -155,6 +169,7 @@ void SvgDeclarations::operator+=(const SvgDeclarations& other) {
     enlargement *= other.enlargement;
     areScaling = areScaling || other.areScaling;
     areClear = areClear && other.areClear;
+    bound();
 }
 
 void SvgStyleSheet::read(const QString& text) {
@@ -180,7 +195,7 @@ void SvgStyleSheet::readRule(QStringView selectors, QStringView style) {
     declarations.declareStyle(style);
     for (const QStringView selector : selectors.split(u',')) {
         const QStringView name = selector.trimmed();
-        if (isClassSelector(name))
+        if (isClassSelector(name) && m_classes.size() < classLimit)
             m_classes[name.sliced(1).toString()] += declarations;
         else
             m_others += declarations;

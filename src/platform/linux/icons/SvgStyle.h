@@ -29,6 +29,7 @@ struct SvgDeclarations {
     void operator+=(const SvgDeclarations& other);
 
 private:
+    void bound();
     void refer(QStringView value, SvgReference::Kind kind, qint64 cost);
     void filter(QStringView value);
     void dash(QStringView value);

@@ -280,6 +280,14 @@ private Q_SLOTS:
                                                     "</clipPath><rect width='9' height='9' clip-path='url(#d)'/>");
         row("line in a picture of no size",
             svg("<clipPath id='c'/><path clip-path='url(#c)' stroke='red' d='M0 0h9'/>", "width='1e-9' height='1e-9'"));
+        row("many references of each class", svg("<style>" + QByteArray(".a,").repeated(9) + ".b{" +
+                                                 QByteArray("mask:url(#m);").repeated(40) + "}</style><g class='b'/>"));
+        row("many classes", [] {
+            QByteArray sheet;
+            for (int i = 0; i < 5000; ++i)
+                sheet += ".c" + QByteArray::number(i) + ',';
+            return svg("<style>" + sheet + ".b{mask:url(#m)}</style><g class='b'/>");
+        }());
         row("much text", svg("<text>" + QByteArray("a").repeated(1000) + "</text>"));
         row("many fonts", svg("<text>" + QByteArray("<tspan> </tspan>").repeated(100) + "</text>"));
         row("vector behind a picture",
