@@ -46,11 +46,14 @@ bool isAscii(const QByteArray& bytes) {
 FileUrl FileUrl::fromNativePath(const QByteArray& path) {
     if (isAscii(path))
         return FileUrl(QString::fromLatin1(path));
+    // A mark of byte order is a character like any other in a name.
+    QStringDecoder decoder(QStringDecoder::Utf8,
+                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
     QString text;
     text.reserve(path.size());
     for (qsizetype i = 0; i < path.size();) {
         const qsizetype length = sequenceLength(path, i);
-        const QString decoded = QString::fromUtf8(path.constData() + i, length);
+        const QString decoded = decoder.decode(QByteArrayView(path.constData() + i, length));
         if (length > 0 && !isEscape(decoded[0].unicode())) {
             text += decoded;
             i += length;

@@ -18,6 +18,7 @@ private Q_SLOTS:
         QTest::newRow("surrogate") << QByteArray("/a/\xed\xa0\x80.app");
         QTest::newRow("truncated sequence") << QByteArray("/a/\xf0\x9f\x8e");
         QTest::newRow("beyond Unicode") << QByteArray("/a/\xf4\x90\x80\x80");
+        QTest::newRow("mark of byte order") << QByteArray("/a/\xef\xbb\xbf\xc3\xa9.app");
         QTest::newRow("holds an escape character") << QByteArray("/a/\xef\x9f\xa9 \xef\x9f\xbf.app");
     }
     void everyByteStringReadsBackAsItself() {

@@ -73,13 +73,17 @@ private:
 
     bool readLine(std::string_view line) {
         line = DesktopEntryLine::withoutLeadingSpace(line);
+        const std::string_view wholeLine = line;
         // Texts end at a NUL byte; what follows it on the line doesn't exist.
         if (m_hasNul)
             line = line.substr(0, line.find('\0'));
+        m_isCutOff = line.size() != wholeLine.size();
         if (line.empty() || line.front() == '#')
             return true;
-        if (const std::optional<std::string_view> group = DesktopEntryLine::groupName(line))
-            return startGroup(*group);
+        if (const std::optional<std::string_view> group = DesktopEntryLine::groupName(line)) {
+            // GLib looks for the last bracket behind a NUL byte too; the first one is a part of the name then.
+            return wholeLine.rfind(']') < line.size() && startGroup(*group);
+        }
         if (m_place == Place::beforeGroups)
             return false;
         const std::optional<DesktopEntryLine::Pair> pair = DesktopEntryLine::pair(line);
@@ -107,7 +111,7 @@ private:
         }
         const std::string_view value = DesktopEntryLine::withoutLeadingSpace(pair.value);
         if (pair.key == "Encoding")
-            return equalsIgnoringCase(value, "utf-8");
+            return !m_isCutOff && equalsIgnoringCase(value, "utf-8");
         if (const std::optional<DesktopEntryKey> key = keyFromText(pair.key))
             m_file.m_values[static_cast<std::size_t>(*key)] = value;
         return true;
@@ -125,6 +129,7 @@ private:
     const LocaleNames& m_locales;
     Place m_place = Place::beforeGroups;
     bool m_hasNul = false;
+    bool m_isCutOff = false; // the line holds a NUL byte, which GLib counts as a part of the encoding's name
 };
 
 DesktopEntryFile::DesktopEntryFile(QByteArray bytes, qsizetype localeCount)

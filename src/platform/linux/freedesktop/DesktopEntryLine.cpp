@@ -1,8 +1,9 @@
 #include "platform/linux/freedesktop/DesktopEntryLine.h"
 
+#include "platform/linux/files/Utf8Decoder.h"
+
 #include <QChar>
 #include <QList>
-#include <QStringDecoder>
 
 namespace zelmo::DesktopEntryLine {
 
@@ -31,8 +32,7 @@ constexpr bool isLocaleCharacter(char c) {
 }
 
 bool isLetterOrNumber(std::string_view utf8) {
-    QStringDecoder decoder(QStringDecoder::Utf8,
-                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
+    QStringDecoder decoder = utf8Decoder();
     const QString decoded = decoder.decode(QByteArrayView(utf8.data(), static_cast<qsizetype>(utf8.size())));
     const QList<uint> characters = decoded.toUcs4();
     return !decoder.hasError() && characters.size() == 1 &&

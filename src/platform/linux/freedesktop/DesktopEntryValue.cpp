@@ -1,6 +1,6 @@
 #include "platform/linux/freedesktop/DesktopEntryValue.h"
 
-#include <QStringDecoder>
+#include "platform/linux/files/Utf8Decoder.h"
 
 namespace zelmo::DesktopEntryValue {
 
@@ -14,9 +14,7 @@ std::optional<QString> decode(std::string_view raw) {
     const auto size = static_cast<qsizetype>(raw.size());
     if (isAscii(raw))
         return QString::fromLatin1(raw.data(), size);
-    // A mark of byte order is a character like any other inside a value.
-    QStringDecoder decoder(QStringDecoder::Utf8,
-                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
+    QStringDecoder decoder = utf8Decoder();
     QString decoded = decoder.decode(QByteArrayView(raw.data(), size));
     if (decoder.hasError())
         return std::nullopt;
@@ -76,7 +74,8 @@ std::optional<QString> text(std::string_view raw) {
         return decode(raw);
     if (!isUtf8(raw))
         return std::nullopt;
-    return QString::fromUtf8(unescaped(raw));
+    const QByteArray plain = unescaped(raw);
+    return decode({plain.constData(), static_cast<std::size_t>(plain.size())});
 }
 
 std::optional<QList<QByteArray>> list(std::string_view raw) {

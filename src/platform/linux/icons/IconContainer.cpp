@@ -140,7 +140,7 @@ QByteArray IconContainer::standalone(const Entry& entry) const {
     return start + picture + mask;
 }
 
-std::vector<QByteArray> IconContainer::pictures(int pixels) const {
+std::vector<QByteArray> IconContainer::pictures(int pixels, std::size_t limit) const {
     std::vector<Entry> ordered = m_entries;
     std::stable_sort(ordered.begin(), ordered.end(), [pixels](const Entry& a, const Entry& b) {
         if ((a.side < pixels) != (b.side < pixels))
@@ -149,6 +149,8 @@ std::vector<QByteArray> IconContainer::pictures(int pixels) const {
             return a.side < pixels ? a.side > b.side : a.side < b.side;
         return a.depth > b.depth;
     });
+    if (ordered.size() > limit)
+        ordered.resize(limit);
     std::vector<QByteArray> files;
     files.reserve(ordered.size());
     for (const Entry& entry : ordered)

@@ -15,8 +15,9 @@ public:
     static bool isContainer(const QByteArray& bytes);
 
     // Complete files of one picture each, to be tried in this order: the smallest that is at least
-    // `pixels` wide first, then the larger ones, then the smaller ones, of equal ones the more colourful.
-    std::vector<QByteArray> pictures(int pixels) const;
+    // `pixels` wide first, then the larger ones, then the smaller ones, of equal ones the more colourful. No more than
+    // `limit`: each is a copy, and all of them may be of the same bytes of the container.
+    std::vector<QByteArray> pictures(int pixels, std::size_t limit) const;
 
 private:
     struct Part {

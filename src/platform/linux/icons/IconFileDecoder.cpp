@@ -18,20 +18,20 @@ constexpr std::size_t fileLimit = 16 * 1024 * 1024;
 constexpr int sideLimit = 4096;         // of a picture in a file
 constexpr int pixelsLimit = 2048;       // of a picture that is asked for
 constexpr int jpeg2000SideLimit = 1024; // its decoder takes some thirty bytes a pixel
-constexpr int containerTries = 4;
+constexpr std::size_t containerTries = 4;
 
 QImage readPicture(const QByteArray& bytes, const QByteArray& format) {
     if (Jpeg2000Picture::isPicture(bytes))
         return Jpeg2000Picture::decode(bytes, jpeg2000SideLimit);
     limitPictureMemory();
+    // The old kinds of .icns pictures are at most 128 pixels wide and have no header that gives their size.
+    const QSize size = format == "icns" ? QSize(1, 1) : pictureSize(bytes, format);
+    if (size.width() <= 0 || size.height() <= 0 || size.width() > sideLimit || size.height() > sideLimit)
+        return {};
     QBuffer buffer;
     buffer.setData(bytes);
     QImageReader reader(&buffer, format);
     reader.setAutoDetectImageFormat(false);
-    // The old kinds of .icns pictures are at most 128 pixels wide and have no header that gives their size.
-    const QSize size = format == "icns" ? QSize(1, 1) : reader.size();
-    if (size.width() <= 0 || size.height() <= 0 || size.width() > sideLimit || size.height() > sideLimit)
-        return {};
     QImage picture = reader.read();
     if (picture.width() > sideLimit || picture.height() > sideLimit)
         return {};
@@ -66,10 +66,7 @@ QImage IconFileDecoder::decode(const QByteArray& bytes, int pixels) {
         return SvgPicture::render(bytes, pixels);
     if (!IconContainer::isContainer(bytes))
         return fitted(readPicture(bytes, format), pixels);
-    int tries = 0;
-    for (const QByteArray& picture : IconContainer::parse(bytes).pictures(pixels)) {
-        if (++tries > containerTries)
-            break;
+    for (const QByteArray& picture : IconContainer::parse(bytes).pictures(pixels, containerTries)) {
         if (QImage image = fitted(readPicture(picture, pictureFormat(picture)), pixels); !image.isNull())
             return image;
     }

@@ -1,5 +1,7 @@
 #include "platform/linux/icons/Jpeg2000Picture.h"
 
+#include "platform/linux/icons/Jpeg2000Guard.h"
+
 #include <openjpeg.h>
 
 #include <algorithm>
@@ -80,12 +82,14 @@ bool Jpeg2000Picture::isPicture(const QByteArray& bytes) {
 }
 
 QImage Jpeg2000Picture::decode(const QByteArray& bytes, int sideLimit) {
+    if (!isPicture(bytes) || !isHarmlessJpeg2000(bytes, sideLimit))
+        return {};
     Input input{bytes};
     const std::unique_ptr<opj_stream_t, decltype(&opj_stream_destroy)> stream(opj_stream_default_create(OPJ_TRUE),
                                                                               &opj_stream_destroy);
     const std::unique_ptr<opj_codec_t, decltype(&opj_destroy_codec)> codec(opj_create_decompress(OPJ_CODEC_JP2),
                                                                            &opj_destroy_codec);
-    if (!stream || !codec || !isPicture(bytes))
+    if (!stream || !codec)
         return {};
     opj_stream_set_user_data(stream.get(), &input, nullptr);
     opj_stream_set_user_data_length(stream.get(), static_cast<OPJ_UINT64>(bytes.size()));

@@ -9,7 +9,8 @@ namespace zelmo {
 // when it is none that icons are in; vector pictures have no sure start and are not told.
 QByteArray pictureFormat(const QByteArray& bytes);
 
-// The size that a picture's own header gives, without decoding it. Empty when there is none.
+// The size that a picture's own header gives, without decoding it. Empty when there is none, and for a picture that
+// takes much longer to decode than others of its size.
 QSize pictureSize(const QByteArray& bytes, const QByteArray& format);
 
 // Makes the decoders of the whole process refuse pictures that need more memory than the largest icon.

@@ -1,5 +1,7 @@
 #include "platform/linux/icons/SvgCost.h"
 
+#include <algorithm>
+
 namespace zelmo {
 
 namespace {
@@ -13,28 +15,41 @@ SvgCost& SvgCost::operator+=(const SvgCost& other) {
     elements += other.elements;
     geometry += other.geometry;
     characters += other.characters;
+    texts += other.texts;
+    points += other.points;
+    strokedPoints += other.strokedPoints;
     dashedPoints += other.dashedPoints;
     outlines += other.outlines;
-    points += other.points;
     crossings += other.crossings;
     paint += other.paint;
+    enlargement = std::max(enlargement, other.enlargement);
     return *this;
 }
 
 SvgCost SvgCost::operator*(qint64 times) const {
-    return {elements * times, geometry * times, characters * times, dashedPoints * times,
-            outlines * times, points * times,   crossings * times,  paint * times};
+    return {.elements = elements * times,
+            .geometry = geometry * times,
+            .characters = characters * times,
+            .texts = texts * times,
+            .points = points * times,
+            .strokedPoints = strokedPoints * times,
+            .dashedPoints = dashedPoints * times,
+            .outlines = outlines * times,
+            .crossings = crossings * times,
+            .paint = paint * times,
+            .enlargement = enlargement};
 }
 
 bool SvgCost::isWithin(const SvgCost& limit) const {
     return elements <= limit.elements && geometry <= limit.geometry && characters <= limit.characters &&
-           dashedPoints <= limit.dashedPoints && outlines <= limit.outlines && points <= limit.points &&
-           crossings <= limit.crossings && paint <= limit.paint;
+           texts <= limit.texts && points <= limit.points && strokedPoints <= limit.strokedPoints &&
+           dashedPoints <= limit.dashedPoints && outlines <= limit.outlines && crossings <= limit.crossings &&
+           paint <= limit.paint && enlargement <= limit.enlargement;
 }
 
 int SvgCostTree::add(int parent, const SvgCost& own) {
     const int index = static_cast<int>(m_elements.size());
-    m_elements.push_back({own, {}, -1, -1, -1, State::open});
+    m_elements.push_back({.cost = own, .references = {}});
     if (parent < 0)
         return index;
     Element& above = m_elements[static_cast<std::size_t>(parent)];
@@ -80,6 +95,7 @@ SvgCostTree::Problem SvgCostTree::addUp(int index, const SvgCost& limit, int dep
         if (const Problem problem = addReferences(element, kind, limit, depth); problem != Problem::none)
             return problem;
     }
+    element.cost.enlargement *= element.enlargement;
     element.state = State::closed;
     return element.cost.isWithin(limit) ? Problem::none : Problem::tooHeavy;
 }

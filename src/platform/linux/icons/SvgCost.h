@@ -13,12 +13,15 @@ struct SvgCost {
     qint64 elements = 0;
     qint64 geometry = 0; // length of the outlines' descriptions
     qint64 characters = 0;
-    qint64 dashedPoints = 0; // numbers in the descriptions of dashed outlines
+    qint64 texts = 0;         // elements that may each name a font of their own
+    qint64 points = 0;        // numbers in the descriptions of outlines, also of what they are clipped by
+    qint64 strokedPoints = 0; // those of stroked ones
+    qint64 dashedPoints = 0;  // those of dashed ones
     // Counted only where the effects are drawn:
     qint64 outlines = 0;
-    qint64 points = 0;    // of the outlines and of what they are clipped by
-    qint64 crossings = 0; // that there may be of lines, and other work that takes as long as one of them
-    qint64 paint = 0;     // nanoseconds for each pixel of the picture
+    qint64 crossings = 0;   // that there may be of lines, and other work that takes as long as one of them
+    qint64 paint = 0;       // nanoseconds for each pixel of the picture
+    double enlargement = 1; // of what is enlarged most
 
     SvgCost& operator+=(const SvgCost& other);
     SvgCost operator*(qint64 times) const;
@@ -46,6 +49,8 @@ public:
     int add(int parent, const SvgCost& own);
     void identify(int element, const QString& identifier) { m_byIdentifier.insert(identifier, element); }
     void refer(int element, SvgReference reference);
+    // Of everything in the element and of what it refers to.
+    void enlarge(int element, double factor) { m_elements[static_cast<std::size_t>(element)].enlargement *= factor; }
     SvgCost& own(int element) { return m_elements[static_cast<std::size_t>(element)].cost; }
 
     enum class Problem { none, containsItself, tooDeep, tooHeavy };
@@ -60,6 +65,7 @@ private:
     struct Element {
         SvgCost cost;
         std::vector<SvgReference> references;
+        double enlargement = 1;
         int firstChild = -1;
         int lastChild = -1;
         int nextSibling = -1;

@@ -4,11 +4,67 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <limits>
+#include <vector>
 
 namespace zelmo {
 
 namespace {
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double measuresAround = 8; // more than around a circle or a square
+
+// The numbers in a text without their signs, one after the other. A sign needs no space before it, nor does a point
+// when the number has one already.
+class Magnitudes {
+public:
+    explicit Magnitudes(QStringView text) : m_text(text) {}
+
+    std::optional<double> next() {
+        while (m_at < m_text.size() && !m_text[m_at].isDigit() && m_text[m_at] != u'.')
+            ++m_at;
+        if (m_at == m_text.size())
+            return std::nullopt;
+        const qsizetype start = m_at;
+        bool hasPoint = false;
+        for (; isDigitAt(m_at) || (!hasPoint && m_at < m_text.size() && m_text[m_at] == u'.'); ++m_at)
+            hasPoint = hasPoint || m_text[m_at] == u'.';
+        skipExponent();
+        return m_text.sliced(start, m_at - start).toDouble();
+    }
+
+private:
+    bool isDigitAt(qsizetype at) const { return at < m_text.size() && m_text[at].isDigit(); }
+
+    void skipExponent() {
+        if (m_at == m_text.size() || m_text[m_at].toLower() != u'e')
+            return;
+        qsizetype at = m_at + 1;
+        at += at < m_text.size() && (m_text[at] == u'+' || m_text[at] == u'-') ? 1 : 0;
+        while (isDigitAt(at))
+            m_at = ++at;
+    }
+
+    QStringView m_text;
+    qsizetype m_at = 0;
+};
+
+// By one function of a transform.
+double enlargementOf(QStringView function, QStringView arguments) {
+    std::vector<double> numbers;
+    Magnitudes magnitudes(arguments);
+    while (const std::optional<double> number = magnitudes.next())
+        numbers.push_back(*number);
+    if (function == u"translate" || function == u"rotate")
+        return 1;
+    if (function == u"scale" && !numbers.empty())
+        return *std::max_element(numbers.begin(), numbers.end());
+    if (function != u"matrix" || numbers.size() != 6)
+        return infinity;
+    return std::sqrt(std::max(numbers[0] + numbers[1], numbers[2] + numbers[3]) *
+                     std::max(numbers[0] + numbers[2], numbers[1] + numbers[3]));
+}
 
 struct FilterPart {
     QStringView name;
@@ -59,28 +115,52 @@ std::optional<qint64> svgFilterPartCost(QStringView element) {
     return part == filterParts.end() ? std::nullopt : std::optional(part->paint);
 }
 
-// A sign needs no space before it, nor does a point when the number has one already.
-SvgNumbers SvgNumbers::in(QStringView text) {
-    SvgNumbers numbers;
-    qsizetype at = 0;
-    while (at < text.size()) {
-        const qsizetype start = at;
-        bool hasPoint = false;
-        while (at < text.size() && (text[at].isDigit() || (text[at] == u'.' && !hasPoint))) {
-            hasPoint = hasPoint || text[at] == u'.';
-            ++at;
-        }
-        if (at == start) {
-            ++at;
-            continue;
-        }
-        ++numbers.count;
-        const bool hasExponent = at < text.size() && (text[at] == u'e' || text[at] == u'E') && at + 1 < text.size() &&
-                                 (text[at + 1].isDigit() || text[at + 1] == u'+');
-        numbers.largest = hasExponent ? std::numeric_limits<double>::infinity()
-                                      : std::max(numbers.largest, text.sliced(start, at - start).toDouble());
+std::optional<double> svgMeasure(QStringView text) {
+    const QStringView value = text.trimmed();
+    bool isNumber = false;
+    const double number = (value.endsWith(u"px") ? value.chopped(2) : value).toDouble(&isNumber);
+    return isNumber && std::isfinite(number) ? std::optional(std::abs(number)) : std::nullopt;
+}
+
+double svgEnlargement(QStringView transform) {
+    double product = 1;
+    for (QStringView rest = transform.trimmed(); !rest.isEmpty();) {
+        const qsizetype start = rest.indexOf(u'(');
+        const qsizetype end = rest.indexOf(u')');
+        if (start < 0 || end < start)
+            return infinity;
+        product *= std::max(1.0, enlargementOf(rest.first(start), rest.sliced(start + 1, end - start - 1)));
+        rest = rest.sliced(end + 1);
+        while (!rest.isEmpty() && (rest.front().isSpace() || rest.front() == u','))
+            rest = rest.sliced(1);
     }
-    return numbers;
+    return product;
+}
+
+SvgOutline SvgOutline::ofDescription(QStringView text) {
+    SvgOutline outline;
+    double largest = 0;
+    double sum = 0;
+    Magnitudes magnitudes(text);
+    while (const std::optional<double> number = magnitudes.next()) {
+        ++outline.points;
+        largest = std::max(largest, *number);
+        sum += *number;
+    }
+    const qint64 closings = text.count(u'z', Qt::CaseInsensitive);
+    outline.points += closings;
+    // A part of it may be closed from as far away as all the numbers before lead.
+    outline.length = static_cast<double>(outline.points) * 2 * largest;
+    if (closings > 0)
+        outline.length += static_cast<double>(closings) * sum;
+    // Curves that swing up lead farther away with each of them.
+    if (text.contains(u't', Qt::CaseInsensitive))
+        outline.length = infinity;
+    return outline;
+}
+
+SvgOutline SvgOutline::ofMeasure(QStringView text) {
+    return {1, measuresAround * svgMeasure(text).value_or(infinity)};
 }
 
 } // namespace zelmo

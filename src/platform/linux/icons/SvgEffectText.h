@@ -7,7 +7,8 @@
 
 namespace zelmo {
 
-// What SvgEffects reads out of single names, values and the whole text of a vector picture.
+// What SvgEffects reads out of single names, values and the whole text of a vector picture. SvgGuard counts the
+// points too.
 
 // Most pictures can't have effects, and need no closer look.
 bool mayHaveSvgEffects(const QByteArray& bytes);
@@ -19,11 +20,19 @@ bool isPlainSvgText(const QByteArray& bytes);
 // other pictures.
 std::optional<qint64> svgFilterPartCost(QStringView element);
 
-struct SvgNumbers {
-    qint64 count = 0;
-    double largest = 0;
+// A length in the picture's own units, without its sign. None when it has another unit or is no number.
+std::optional<double> svgMeasure(QStringView text);
 
-    static SvgNumbers in(QStringView text);
+// By how much a transform makes things larger, at least 1; infinite where there is no telling.
+double svgEnlargement(QStringView transform);
+
+// What the numbers in an element's attributes tell of its outline.
+struct SvgOutline {
+    qint64 points = 0; // numbers, and what closes a part of it without one
+    double length = 0; // at most; infinite where there is no telling
+
+    static SvgOutline ofDescription(QStringView text); // of a path, or the corners of a polygon
+    static SvgOutline ofMeasure(QStringView text);     // one side, radius or the like of another shape
 };
 
 } // namespace zelmo

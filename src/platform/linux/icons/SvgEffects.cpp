@@ -2,6 +2,7 @@
 
 #include "platform/linux/icons/PictureFormat.h"
 #include "platform/linux/icons/SvgEffectText.h"
+#include "platform/linux/icons/SvgLineWidth.h"
 #include "platform/linux/icons/SvgStyle.h"
 
 #include <QSet>
@@ -20,11 +21,14 @@ constexpr qint64 unlimited = std::numeric_limits<qint64>::max();
 constexpr SvgCost costLimit{.elements = 20'000,
                             .geometry = unlimited,
                             .characters = 400,
+                            .texts = unlimited,
+                            .points = 512 * 1024,
+                            .strokedPoints = unlimited,
                             .dashedPoints = unlimited,
                             .outlines = 20'000,
-                            .points = 512 * 1024,
                             .crossings = 40'000'000,
-                            .paint = 1'000'000};
+                            .paint = 1'000'000,
+                            .enlargement = std::numeric_limits<double>::infinity()};
 constexpr qint64 paintLimit = 640'000'000; // nanoseconds for the whole picture
 constexpr qint64 pointsOfSimpleShape = 16;
 constexpr qint64 sidesOfSimpleShape = 4;
@@ -89,7 +93,7 @@ private:
     struct Drawn {
         int index;
         bool isShape;
-        SvgNumbers numbers;
+        SvgOutline outline;
         QString classes;
         bool isDashed = false;
     };
@@ -107,7 +111,7 @@ private:
         QStringList identifiers;
         QStringList references;
         QString classes;
-        SvgNumbers numbers;
+        SvgOutline outline;
         for (const QXmlStreamAttribute& attribute : attributes) {
             const QStringView key = localName(attribute.qualifiedName());
             const QStringView value = attribute.value();
@@ -127,16 +131,18 @@ private:
                 declarations.declare(key, value);
             if (isShape(name) && isOneOf(key, {u"d", u"points", u"x", u"y", u"x1", u"x2", u"y1", u"y2", u"width",
                                                u"height", u"r", u"rx", u"ry", u"cx", u"cy"})) {
-                const SvgNumbers found = SvgNumbers::in(value);
-                numbers = {numbers.count + found.count, std::max(numbers.largest, found.largest)};
+                const bool isDescription = key == u"d" || key == u"points";
+                const SvgOutline found =
+                    isDescription ? SvgOutline::ofDescription(value) : SvgOutline::ofMeasure(value);
+                outline = {outline.points + found.points, std::max(outline.length, found.length)};
             }
         }
         if (isShape(name)) {
             cost.outlines = 1;
             const bool isSimple = name != u"path" && !name.startsWith(u"poly");
             if (isSimple)
-                numbers.count = sidesOfSimpleShape;
-            cost.points = std::max(numbers.count, isSimple ? pointsOfSimpleShape : 1);
+                outline.points = sidesOfSimpleShape;
+            cost.points = std::max(outline.points, isSimple ? pointsOfSimpleShape : 1);
             cost.crossings = cost.points * cost.points;
         }
         readKind(name, attributes, isRoot, cost);
@@ -152,7 +158,8 @@ private:
                 m_tree.own(index).crossings += readPicture(reference) / picturePixelsPerCrossing;
         }
         readGradient(name, attributes);
-        m_drawn.push_back({index, isShape(name), numbers, classes});
+        m_lines.readElement(index, name, attributes);
+        m_drawn.push_back({index, isShape(name), outline, classes});
         apply(declarations, m_drawn.back());
         const bool isText = name == u"text" || (!isRoot && m_open.back().isText);
         m_open.push_back({index, name == u"style", isText, {}});
@@ -196,6 +203,7 @@ private:
             m_effects.m_areWanted = true;
         } else if (name == u"text" || name == u"tspan") {
             m_effects.m_areWanted = true;
+            m_hasText = true;
             countCharacters(cost, charactersOfTextElement);
             cost.paint += paintOfText;
         } else if (name == u"image") {
@@ -267,6 +275,7 @@ private:
         m_isClear = m_isClear && declarations.areClear;
         noteDashes(declarations, &element);
         m_isScaled = m_isScaled || declarations.areScaling;
+        m_lines.apply(element.index, declarations);
         SvgCost& own = m_tree.own(element.index);
         own.paint += declarations.paint;
         if (element.isShape && !declarations.paints.empty())
@@ -279,7 +288,7 @@ private:
         for (const QString& target : declarations.paints)
             m_tree.refer(element.index, {target});
         for (const QString& target : declarations.markers)
-            m_tree.refer(element.index, {target, SvgReference::Kind::drawn, element.numbers.count});
+            m_tree.refer(element.index, {target, SvgReference::Kind::drawn, element.outline.points});
     }
 
     void applyStyleSheet() {
@@ -290,6 +299,7 @@ private:
         m_isPaintInherited = m_isPaintInherited || !others.paints.empty();
         noteDashes(others, nullptr);
         m_isScaled = m_isScaled || others.areScaling;
+        m_lines.applyToAll(others);
         m_isClear =
             m_isClear && others.areClear && others.references.empty() && others.markers.empty() && others.paint == 0;
     }
@@ -310,13 +320,13 @@ private:
             m_areDashesInherited = true;
     }
 
-    // Dashes that nobody sees are made too. A line is at most twice as long as the largest number.
+    // Dashes that nobody sees are made too. How long the outlines of letters are nobody knows.
     void addDashes() {
+        m_isClear = m_isClear && !m_hasText;
         for (const Drawn& element : m_drawn) {
             if (!element.isShape || (!element.isDashed && !m_areDashesInherited))
                 continue;
-            const double dashes =
-                static_cast<double>(element.numbers.count) * 2 * element.numbers.largest / m_shortestDashes;
+            const double dashes = element.outline.length / m_shortestDashes;
             m_isClear = m_isClear && dashes <= dashLimit;
             if (dashes <= dashLimit)
                 m_tree.own(element.index).crossings += static_cast<qint64>(dashes * dashes);
@@ -324,8 +334,9 @@ private:
     }
 
     void weigh() {
+        m_lines.enlarge(m_tree);
         const SvgCostTree::Total total = m_tree.total(costLimit);
-        if (total.problem == SvgCostTree::Problem::none)
+        if (total.problem == SvgCostTree::Problem::none && m_lines.isBounded(total.cost.enlargement))
             m_effects.m_paint = total.cost.paint;
     }
 
@@ -333,6 +344,7 @@ private:
     SvgEffects m_effects;
     SvgCostTree m_tree;
     SvgStyleSheet m_sheet;
+    SvgLineWidth m_lines;
     std::vector<OpenElement> m_open;
     std::vector<Drawn> m_drawn;
     QSet<QString> m_unitsInUserSpace; // gradients that say so
@@ -344,6 +356,7 @@ private:
     bool m_areDashesInherited = false;
     bool m_isScaled = false;
     bool m_hasPattern = false;
+    bool m_hasText = false;
     bool m_isPatternInUserSpace = true;
     bool m_isPaintInherited = false;
 };

@@ -2,6 +2,7 @@
 
 #include "platform/linux/icons/PictureFormat.h"
 #include "platform/linux/icons/SvgCost.h"
+#include "platform/linux/icons/SvgEffectText.h"
 
 #include <QXmlStreamReader>
 
@@ -15,11 +16,23 @@ namespace {
 
 // An element takes about four kilobytes in the renderer, a character of an outline two hundred bytes
 // when it is stroked; a dash takes as much and a microsecond. Layers for opacity count as several elements.
+// A font that nobody has asked for before takes a millisecond to be looked for. A stroked line with wide round joins
+// takes a seventh of one at 208 pixels.
 constexpr qint64 unlimited = std::numeric_limits<qint64>::max();
-constexpr SvgCost costLimit{20'000, 512 * 1024, 20'000, unlimited, unlimited, unlimited, unlimited, unlimited};
+constexpr SvgCost costLimit{.elements = 20'000,
+                            .geometry = 512 * 1024,
+                            .characters = 20'000,
+                            .texts = 1000,
+                            .points = unlimited,
+                            .strokedPoints = 6000,
+                            .dashedPoints = unlimited,
+                            .outlines = unlimited,
+                            .crossings = unlimited,
+                            .paint = unlimited};
 constexpr qint64 elementLimit = 10'000;
 constexpr int nestingLimit = 64;
 constexpr qint64 opacityLayerCost = 4;
+constexpr qint64 letterPoints = 24;           // numbers in the outline of a letter
 constexpr qint64 styleWorkLimit = 20'000'000; // characters of style sheets, for each element
 constexpr qint64 dashLimit = 200'000;
 constexpr double dashesPerLineLimit = 10'000; // the renderer draws finer ones as a whole line
@@ -29,15 +42,30 @@ QStringView localName(QStringView name) {
     return name.sliced(name.lastIndexOf(u':') + 1);
 }
 
-qint64 numberCount(QStringView text) {
-    qint64 count = 0;
-    bool isInNumber = false;
-    for (const QChar c : text) {
-        const bool isDigit = c.isDigit() || c == u'.';
-        count += isDigit && !isInNumber ? 1 : 0;
-        isInNumber = isDigit;
+// How many numbers would describe the outline of an element that is drawn; 0 for all others.
+qint64 outlinePoints(const QString& name, const QXmlStreamAttributes& attributes) {
+    if (name == QLatin1StringView("path"))
+        return std::max<qint64>(4, SvgOutline::ofDescription(attributes.value(QLatin1StringView("d"))).points);
+    if (name == QLatin1StringView("polygon") || name == QLatin1StringView("polyline"))
+        return std::max<qint64>(4, SvgOutline::ofDescription(attributes.value(QLatin1StringView("points"))).points);
+    if (name == QLatin1StringView("line"))
+        return 4;
+    const bool isShape = name == QLatin1StringView("rect") || name == QLatin1StringView("circle") ||
+                         name == QLatin1StringView("ellipse");
+    return isShape ? 6 : 0;
+}
+
+// Whether a style may give outlines a stroke. What is written in any other way than the usual one counts.
+bool styleStrokes(QStringView style) {
+    for (qsizetype at = style.indexOf(u"stroke"); at >= 0; at = style.indexOf(u"stroke", at + 1)) {
+        const QStringView rest = style.sliced(at + 6);
+        if (rest.startsWith(u'-'))
+            continue; // its width or the like
+        const QStringView value = rest.trimmed();
+        if (!value.startsWith(u':') || !value.sliced(1).trimmed().startsWith(u"none"))
+            return true;
     }
-    return count;
+    return style.contains(u'\\');
 }
 
 // The number before the unit.
@@ -99,6 +127,7 @@ private:
         QStringList identifiers;
         QStringList references;
         bool isDashed = false;
+        bool isStroked = false;
         const QXmlStreamAttributes attributes = m_reader.attributes();
         for (const QXmlStreamAttribute& attribute : attributes) {
             const QStringView key = localName(attribute.qualifiedName());
@@ -117,6 +146,12 @@ private:
                 m_extent = std::max(m_extent, leadingNumber(value));
             else if (key == u"transform")
                 m_isScaled = m_isScaled || value.contains(u"scale") || value.contains(u"matrix");
+            else if (key == u"stroke")
+                isStroked = isStroked || value.trimmed() != u"none";
+            else if (key == u"attributeName")
+                isStroked = isStroked || value.contains(u"stroke");
+            else if (key == u"style")
+                isStroked = isStroked || styleStrokes(value);
             if (key == u"opacity" || (key == u"style" && value.contains(u"opacity")))
                 cost.elements += opacityLayerCost;
             if (key == u"style" && value.contains(u"stroke-dasharray"))
@@ -124,7 +159,11 @@ private:
         }
         if (name == QLatin1StringView("glyph"))
             m_largestGlyph = std::max(m_largestGlyph, cost.geometry);
-        cost.dashedPoints = addDashes(name, attributes, isDashed);
+        cost.points = outlinePoints(name, attributes);
+        noteLines(cost, isStroked, isDashed);
+        if (name == QLatin1StringView("text") || name == QLatin1StringView("tspan") ||
+            name == QLatin1StringView("textArea"))
+            cost.texts = 1;
         const int parent = m_open.empty() ? -1 : m_open.back().index;
         m_open.push_back({m_tree.add(parent, cost), name == QLatin1StringView("style")});
         for (const QString& identifier : std::as_const(identifiers))
@@ -144,6 +183,7 @@ private:
         m_styleLength += text.size();
         if (text.contains(u"@import"))
             refuse(SvgVerdict::reachesOutside);
+        m_isEverythingStroked = m_isEverythingStroked || styleStrokes(text);
         if (text.contains(u"stroke-dasharray"))
             m_isEverythingDashed = noteStyleDashes(text) || m_isEverythingDashed;
     }
@@ -204,16 +244,13 @@ private:
         return isDashed;
     }
 
-    // Shapes without a description have a few curves. Dashes of a group may reach whatever is drawn in it.
-    qint64 addDashes(const QString& name, const QXmlStreamAttributes& attributes, bool isDashed) {
-        const qint64 points = std::max<qint64>(4, numberCount(attributes.value(QLatin1StringView("d"))) +
-                                                      numberCount(attributes.value(QLatin1StringView("points"))));
-        const bool isGroup = name == QLatin1StringView("g") || name == QLatin1StringView("svg") ||
-                             name == QLatin1StringView("use") || name == QLatin1StringView("a") ||
-                             name == QLatin1StringView("switch");
-        if (isDashed && isGroup)
-            m_isEverythingDashed = true;
-        return isDashed && !isGroup ? points : 0;
+    // The lines of a group, or of what is no shape at all, may reach whatever is drawn in it.
+    void noteLines(SvgCost& cost, bool isStroked, bool isDashed) {
+        const bool isShape = cost.points > 0;
+        cost.strokedPoints = isStroked && isShape ? cost.points : 0;
+        cost.dashedPoints = isDashed && isShape ? cost.points : 0;
+        m_isEverythingStroked = m_isEverythingStroked || (isStroked && !isShape);
+        m_isEverythingDashed = m_isEverythingDashed || (isDashed && !isShape);
     }
 
     SvgVerdict weigh() {
@@ -231,12 +268,15 @@ private:
         }
         if (total.cost.characters * m_largestGlyph > costLimit.geometry)
             return SvgVerdict::tooHeavy;
+        // Each number in a glyph takes two characters or more.
+        const qint64 letters = total.cost.characters * std::max(letterPoints, m_largestGlyph / 2);
+        if (m_isEverythingStroked && total.cost.points + letters > costLimit.strokedPoints)
+            return SvgVerdict::tooHeavy;
         return isDashingWithin(total.cost) ? SvgVerdict::accepted : SvgVerdict::tooManyDashes;
     }
 
     bool isDashingWithin(const SvgCost& total) const {
-        // A group's dashes count for all outlines; each number there takes two characters or more.
-        const qint64 points = m_isEverythingDashed ? total.geometry / 2 + total.elements * 4 : total.dashedPoints;
+        const qint64 points = m_isEverythingDashed ? total.points : total.dashedPoints;
         double dashesPerLine = dashesPerLineLimit;
         if (m_extent > 0 && !m_isScaled && m_shortestPattern > 0)
             dashesPerLine = std::min(dashesPerLine, 3 * m_extent / m_shortestPattern);
@@ -259,6 +299,7 @@ private:
     double m_extent = 0;
     double m_shortestPattern = std::numeric_limits<double>::max();
     bool m_isScaled = false;
+    bool m_isEverythingStroked = false;
     bool m_isEverythingDashed = false;
 };
 

@@ -1,5 +1,7 @@
 #include "platform/linux/icons/SvgStyle.h"
 
+#include "platform/linux/icons/SvgEffectText.h"
+
 #include <algorithm>
 #include <optional>
 
@@ -13,6 +15,10 @@ constexpr qint64 blendCost = 20;
 constexpr qint64 maskCost = 13;
 constexpr qint64 filterCost = 6;
 constexpr qint64 filterFunctionCost = 100;
+
+// Beyond what any picture needs; each element and each class keeps its own.
+constexpr std::size_t referenceLimit = 16;
+constexpr qsizetype classLimit = 4000;
 
 bool mentionsAddress(QStringView value) {
     return value.contains(QLatin1StringView("url"), Qt::CaseInsensitive);
@@ -80,7 +86,13 @@ void SvgDeclarations::declare(QStringView property, QStringView value) {
         paint += blendCost;
     } else if (property == u"stroke-dasharray") {
         dash(value);
+    } else if (property == u"vector-effect" || property == u"pathLength") {
+        // Dashes then have another scale than the outline.
+        areClear = false;
+    } else if (property == u"stroke-width") {
+        lineWidth = std::max(lineWidth, svgMeasure(value).value_or(std::numeric_limits<double>::infinity()));
     } else if (property == u"transform") {
+        enlargement *= svgEnlargement(value);
         // Whatever else there is may scale.
         areScaling = areScaling || value.count(u'(') != value.count(u"translate(") + value.count(u"rotate(");
     }
@@ -134,6 +146,16 @@ void SvgDeclarations::declareStyle(QStringView style) {
             areClear = false;
         declare(property, value);
     }
+    bound();
+}
+
+void SvgDeclarations::bound() {
+    if (references.size() + paints.size() + markers.size() <= referenceLimit)
+        return;
+    references.clear();
+    paints.clear();
+    markers.clear();
+    areClear = false;
 }
 
 void SvgDeclarations::operator+=(const SvgDeclarations& other) {
@@ -143,8 +165,11 @@ void SvgDeclarations::operator+=(const SvgDeclarations& other) {
     paint += other.paint;
     areEffects = areEffects || other.areEffects;
     dashes = std::min(dashes, other.dashes);
+    lineWidth = std::max(lineWidth, other.lineWidth);
+    enlargement *= other.enlargement;
     areScaling = areScaling || other.areScaling;
     areClear = areClear && other.areClear;
+    bound();
 }
 
 void SvgStyleSheet::read(const QString& text) {
@@ -170,7 +195,7 @@ void SvgStyleSheet::readRule(QStringView selectors, QStringView style) {
     declarations.declareStyle(style);
     for (const QStringView selector : selectors.split(u',')) {
         const QStringView name = selector.trimmed();
-        if (isClassSelector(name))
+        if (isClassSelector(name) && m_classes.size() < classLimit)
             m_classes[name.sliced(1).toString()] += declarations;
         else
             m_others += declarations;

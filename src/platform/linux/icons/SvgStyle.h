@@ -19,6 +19,8 @@ struct SvgDeclarations {
     qint64 paint = 0;                     // as of SvgCost
     bool areEffects = false;
     double dashes = std::numeric_limits<double>::infinity(); // length of the shortest pattern of them
+    double lineWidth = 0;                                    // infinite where there is no telling
+    double enlargement = 1;                                  // of everything in the element
     bool areScaling = false;
     bool areClear = true; // what they cost is known
 
@@ -27,6 +29,7 @@ struct SvgDeclarations {
     void operator+=(const SvgDeclarations& other);
 
 private:
+    void bound();
     void refer(QStringView value, SvgReference::Kind kind, qint64 cost);
     void filter(QStringView value);
     void dash(QStringView value);

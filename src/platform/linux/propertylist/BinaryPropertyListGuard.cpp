@@ -138,6 +138,10 @@ private:
         }
         if (!holds(position, length))
             return std::nullopt;
+        // The library reads these as UTF-8 and stores what is none as a text that it then does not read.
+        if (kind == 0x5 &&
+            !m_bytes.sliced(static_cast<qsizetype>(position), static_cast<qsizetype>(count)).isValidUtf8())
+            return std::nullopt;
         if (result.isString && holdsZeroCharacter(position, count, kind == 0x6 ? 2 : 1))
             return std::nullopt;
         result.contentBytes = static_cast<std::size_t>(length);

@@ -1,6 +1,9 @@
 #include "platform/linux/propertylist/PropertyList.h"
 
+#include "platform/linux/files/Utf8Decoder.h"
 #include "platform/linux/propertylist/PropertyListGuard.h"
+
+#include <QSet>
 
 #include <clocale>
 #include <cstdlib>
@@ -33,10 +36,14 @@ struct Freed {
     void operator()(void* memory) const { std::free(memory); }
 };
 
+QString textOf(QByteArrayView utf8) {
+    return utf8Decoder().decode(utf8);
+}
+
 QString stringValue(plist_t node) {
     std::uint64_t length = 0;
     const char* text = plist_get_string_ptr(node, &length);
-    return QString::fromUtf8(text, static_cast<qsizetype>(length));
+    return textOf(QByteArrayView(text, static_cast<qsizetype>(length)));
 }
 
 // Texts of C end at the first zero character, and XML has no way to write one.
@@ -187,6 +194,8 @@ QHash<QString, PropertyListValue> PropertyList::values() const {
     plist_dict_iter position = nullptr;
     plist_dict_new_iter(m_root.get(), &position);
     const std::unique_ptr<void, Freed> owned(position);
+    // A binary list may hold a key twice. The first one is what counts wherever a value is asked for or set.
+    QSet<QByteArray> seenKeys;
     for (;;) {
         char* key = nullptr;
         plist_t node = nullptr;
@@ -194,7 +203,10 @@ QHash<QString, PropertyListValue> PropertyList::values() const {
         const std::unique_ptr<char, Freed> ownedKey(key);
         if (!node)
             return values;
-        insertValue(values, QString::fromUtf8(key), node);
+        if (seenKeys.contains(key))
+            continue;
+        seenKeys.insert(key);
+        insertValue(values, textOf(key), node);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/linux/icons/IconFileDecoder.h"
 
+#include <QImageWriter>
 #include <QPainter>
 #include <QProcess>
 #include <QRandomGenerator>
@@ -63,6 +64,19 @@ QByteArray ico(const QList<QByteArray>& pictures, const QList<int>& sides) {
     return directory + bytes;
 }
 
+// Goes over its pixels again and again; each time takes a few bytes.
+QByteArray jpegOfManyScans(int count) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    QImageWriter writer(&buffer, "JPEG");
+    writer.setProgressiveScanWrite(true);
+    if (!writer.write(filled(64, 64, red)))
+        qFatal("can't encode JPEG");
+    const qsizetype scan = bytes.lastIndexOf("\xff\xda");
+    const qsizetype end = bytes.size() - 2;
+    return bytes.left(end) + bytes.mid(scan, end - scan).repeated(count) + bytes.mid(end);
+}
+
 long peakMebibytes() {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
@@ -105,6 +119,7 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("bytes");
         for (const char* format : {"PNG", "BMP", "XPM", "JPEG", "WEBP", "ICO"})
             QTest::newRow(format) << encoded(filled(32, 32, red), format);
+        QTest::newRow("progressive JPEG") << jpegOfManyScans(0);
         QTest::newRow("GIF") << QByteArray::fromBase64("R0lGODlhAQABAPAAAP8AAAAAACwAAAAAAQABAAACAkQBADs=");
         QTest::newRow("SVG") << svg("<rect width='100' height='100' fill='#f00'/>");
         QTest::newRow("SVG with a declaration")
@@ -269,6 +284,10 @@ private Q_SLOTS:
         QTest::newRow("is 64 bits deep") << encoded(QImage(4000, 4000, QImage::Format_RGBA64), "PNG");
         QTest::newRow("ico holding a bomb") << ico({pngClaiming(30000, 30000)}, {32});
         QTest::newRow("ico beyond its end") << ico({png(16, 16, red)}, {16}).left(40);
+        QTest::newRow("JPEG of many scans") << jpegOfManyScans(100);
+        QTest::newRow("JPEG of many scans in a vector")
+            << svg("<image width='9' height='9' xlink:href='data:image/jpeg;base64," + jpegOfManyScans(100).toBase64() +
+                   "'/>");
         QTest::newRow("icns of empty blocks")
             << QByteArray("icns\0\0\1\0", 8) + QByteArray("ic07\0\0\0\0", 8).repeated(31);
         QTest::newRow("icns beyond its end") << QByteArray("icns\0\0\1\0ic07\x7f\xff\xff\xff", 16);
@@ -286,6 +305,15 @@ private Q_SLOTS:
         QFETCH(QByteArray, bytes);
         const long before = peakMebibytes();
         QVERIFY(IconFileDecoder::decode(bytes, 208).isNull());
+        QVERIFY(peakMebibytes() - before < 100);
+    }
+
+    void picturesOfTheSameBytesAreNotCopiedEach() {
+        const QByteArray one = ico({QByteArray(8 * 1024 * 1024, '\0')}, {32});
+        QByteArray bytes = one.left(6) + one.mid(6, 16).repeated(255) + one.mid(22);
+        bytes[4] = static_cast<char>(255);
+        const long before = peakMebibytes();
+        IconFileDecoder::decode(bytes, 32);
         QVERIFY(peakMebibytes() - before < 100);
     }
 

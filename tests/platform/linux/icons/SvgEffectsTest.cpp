@@ -239,6 +239,55 @@ private Q_SLOTS:
         row("long dashed line in a group",
             svg("<clipPath id='c'/><g clip-path='url(#c)' stroke='red' style='stroke-dasharray:1'><path d='M0 "
                 "0L99999 0'/></g>"));
+        row("many markers on a part that is closed again and again",
+            svg("<marker id='m'>" + redSquare.repeated(10) + "</marker><path marker-mid='url(#m)' d='M0 0" +
+                QByteArray("z").repeated(3000) + "'/>"));
+        const auto dashed = [&row](const char* name, const QByteArray& shape) {
+            row(name,
+                svg("<clipPath id='c'/><g clip-path='url(#c)' stroke='red' stroke-dasharray='20'>" + shape + "</g>"));
+        };
+        dashed("dashes around a part of what is seen", "<rect width='100%' height='100%'/>");
+        dashed("dashes around a part of the letters' size", "<rect width='9em' height='9'/>");
+        dashed("dashes to where a part is closed from afar",
+               "<path d='M0 0" + QByteArray("m100 0").repeated(20) + QByteArray("L0 0z").repeated(100) + "'/>");
+        dashed("dashes along curves that swing up", "<path d='M0 0T9 9T0 0'/>");
+        dashed("dashes of a scale of their own", "<path d='M0 0h9' vector-effect='non-scaling-stroke'/>");
+        dashed("dashes in parts of a length", "<path d='M0 0h9' pathLength='1000000'/>");
+        dashed("dashed text", "<text>a</text>");
+        const auto lined = [&row](const char* name, const QByteArray& shape) {
+            row(name, svg("<clipPath id='c'/><g clip-path='url(#c)' stroke='red'>" + shape + "</g>"));
+        };
+        const QByteArray curve = "<path d='M0 0C9 9 0 9 9 0'/>";
+        lined("wide line", "<g stroke-width='1e6'>" + curve + "</g>");
+        lined("wide line by style", "<g style='stroke-width:1000000px'>" + curve + "</g>");
+        lined("wide line by class", "<style>.a{stroke-width:1e6}</style><g class='a'>" + curve + "</g>");
+        lined("wide line by another rule", "<style>path{stroke-width:1e6}</style>" + curve);
+        lined("line as wide as a letter", "<g stroke-width='9em'>" + curve + "</g>");
+        lined("enlarged line", "<g transform='translate(9) scale(1e6)'>" + curve + "</g>");
+        lined("line enlarged by a matrix", "<g transform='matrix(1 0 0-1e6 0 0)'>" + curve + "</g>");
+        lined("line enlarged step by step",
+              QByteArray("<g transform='scale(10)'>").repeated(6) + curve + QByteArray("</g>").repeated(6));
+        lined("line enlarged where it is repeated",
+              "<defs><g transform='scale(1000)'><path id='p' d='M0 0C9 9 0 9 9 0'/><g id='g' "
+              "transform='scale(1000)'><use xlink:href='#p'/></g></g></defs><use xlink:href='#g' "
+              "transform='scale(1000)'/>");
+        lined("line enlarged by a rule", "<style>.a{transform:scale(1e6)}</style><g class='a'>" + curve + "</g>");
+        lined("line enlarged by a skew", "<g transform='skewX(89.99999)'>" + curve + "</g>");
+        lined("line enlarged by a view box", "<svg viewBox='0 0 .0001 .0001'>" + curve + "</svg>");
+        lined("line enlarged by a marker", "<marker id='m' viewBox='0 0 .01 .01'>" + curve +
+                                               "</marker><path d='M0 0h9v9' stroke-width='99' marker-mid='url(#m)'/>");
+        lined("line enlarged by what it clips", "<clipPath id='d' clipPathUnits='objectBoundingBox'>" + curve +
+                                                    "</clipPath><rect width='9' height='9' clip-path='url(#d)'/>");
+        row("line in a picture of no size",
+            svg("<clipPath id='c'/><path clip-path='url(#c)' stroke='red' d='M0 0h9'/>", "width='1e-9' height='1e-9'"));
+        row("many references of each class", svg("<style>" + QByteArray(".a,").repeated(9) + ".b{" +
+                                                 QByteArray("mask:url(#m);").repeated(40) + "}</style><g class='b'/>"));
+        row("many classes", [] {
+            QByteArray sheet;
+            for (int i = 0; i < 5000; ++i)
+                sheet += ".c" + QByteArray::number(i) + ',';
+            return svg("<style>" + sheet + ".b{mask:url(#m)}</style><g class='b'/>");
+        }());
         row("much text", svg("<text>" + QByteArray("a").repeated(1000) + "</text>"));
         row("many fonts", svg("<text>" + QByteArray("<tspan> </tspan>").repeated(100) + "</text>"));
         row("vector behind a picture",

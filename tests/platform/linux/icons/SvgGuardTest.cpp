@@ -57,6 +57,12 @@ private Q_SLOTS:
         row("dashed, without a view box",
             svg("<path d='" + zigzag(100) + "' stroke-dasharray='4'/>", "width='64px' height='64'"), accepted);
         row("no dashes", svg("<g style='stroke-dasharray:none'><path d='" + zigzag(9000) + "'/></g>"), accepted);
+        row("long outline without a stroke",
+            svg("<path style='stroke-width:1;stroke:none' d='M0 0" + QByteArray("h9v9").repeated(6000) + "'/>"),
+            accepted);
+        row("stroked", svg("<path stroke='red' d='" + zigzag(1000) + "'/>"), accepted);
+        row("stroked text", svg("<text stroke='red'>" + QByteArray("@").repeated(200) + "</text>"), accepted);
+        row("some texts", svg(QByteArray("<text>a</text>").repeated(100)), accepted);
         row("holds a picture", picture("data:image/png;base64," + png(8, 8, 0).toBase64()), accepted);
 
         row("nothing", "", damaged);
@@ -76,6 +82,35 @@ private Q_SLOTS:
         row("long outline, repeated",
             svg("<path id='a' d='" + zigzag(10'000) + "'/>" + QByteArray("<use href='#a'/>").repeated(10)), tooHeavy);
         row("many layers", svg(QByteArray("<g opacity='.5'/>").repeated(5000)), tooHeavy);
+        row("long stroked outline", svg("<path stroke='red' d='M0 0" + QByteArray("h9v9").repeated(6000) + "'/>"),
+            tooHeavy);
+        row("long stroked outline of a group",
+            svg("<g stroke='red'><path d='M0 0" + QByteArray("h9v9").repeated(6000) + "'/></g>"), tooHeavy);
+        row("long stroked outline by style",
+            svg("<path style='stroke-width:1;stroke : red' d='M0 0" + QByteArray("h9v9").repeated(6000) + "'/>"),
+            tooHeavy);
+        row("long stroked outline by sheet",
+            svg("<style>path{stroke:red}</style><path d='M0 0" + QByteArray("h9v9").repeated(6000) + "'/>"), tooHeavy);
+        row("long stroked outline by escaped sheet",
+            svg("<style>path{\\73troke:red}</style><path d='M0 0" + QByteArray("h9v9").repeated(6000) + "'/>"),
+            tooHeavy);
+        row("long stroked outline by animation",
+            svg("<path d='M0 0" + QByteArray("h9v9").repeated(6000) +
+                "'><set attributeName='stroke' to='red'/></path>"),
+            tooHeavy);
+        row("long stroked outline of numbers without spaces",
+            svg("<path stroke='red' d='M0 0l" + QByteArray(".1.1").repeated(6000) + "'/>"), tooHeavy);
+        row("many stroked circles", svg(QByteArray("<circle r='9' stroke='red'/>").repeated(2000)), tooHeavy);
+        row("stroked outline, repeated",
+            svg("<path id='a' stroke='red' d='" + zigzag(200) + "'/>" + QByteArray("<use href='#a'/>").repeated(100)),
+            tooHeavy);
+        row("long stroked text", svg("<text stroke='red'>" + QByteArray("@").repeated(500) + "</text>"), tooHeavy);
+        row("long text of stroked glyphs",
+            svg("<font stroke='red'><glyph unicode='a' d='" + zigzag(500) + "'/></font><text>" +
+                QByteArray("a").repeated(50) + "</text>"),
+            tooHeavy);
+        row("many texts", svg(QByteArray("<text>a</text>").repeated(1100)), tooHeavy);
+        row("many spans", svg("<text>" + QByteArray("<tspan>a</tspan>").repeated(1100) + "</text>"), tooHeavy);
         row("long text", svg("<text>" + QByteArray("a").repeated(30'000) + "</text>"), tooHeavy);
         row("large glyphs",
             svg("<font><glyph unicode='a' d='" + zigzag(3000) + "'/></font><text>" + QByteArray("a").repeated(100) +

@@ -163,6 +163,47 @@ private Q_SLOTS:
         }
     }
 
+    // The library would store them as something that it does not read.
+    void everyTextThatIsReadCanBeStored_data() {
+        QTest::addColumn<QByteArray>("text");
+        for (const char* text : {"51ff", "5261c3", "52c3bc", "53eda080", "61d800", "61dc00", "62d83dde00", "62dc00d800",
+                                 "61ffff", "617f", "517f", "50", "60"})
+            QTest::newRow(text) << QByteArray::fromHex(text);
+    }
+    void everyTextThatIsReadCanBeStored() {
+        QFETCH(QByteArray, text);
+        BinaryListWriter writer;
+        const int object = writer.add(text);
+        auto list = PropertyList::parse(writer.finish(writer.addDictionary({object}, {object})), limits);
+        if (!list)
+            return;
+        const auto before = list->values();
+        list->setValue(QStringLiteral("added"), true);
+        const auto again = PropertyList::parse(list->serialized().value_or(QByteArray()), limits);
+        QVERIFY(again);
+        QCOMPARE(again->values().size(), before.size() + 1);
+    }
+    void textsThatAreNoUtf8AreRefused() {
+        for (const char* text : {"51ff", "5261c3", "53eda080"}) {
+            BinaryListWriter writer;
+            const int value = writer.add(QByteArray::fromHex(text));
+            QVERIFY(!parses(writer.finish(writer.addDictionary({writer.addString("k")}, {value}))));
+        }
+    }
+
+    void theFirstOfTwoEqualKeysCounts() {
+        BinaryListWriter writer;
+        const QList<int> keys{writer.addString("k"), writer.addString("k")};
+        const QList<int> values{writer.addString("first"), writer.addString("second")};
+        auto list = PropertyList::parse(writer.finish(writer.addDictionary(keys, values)), limits);
+        QVERIFY(list);
+        QCOMPARE(list->string("k"), std::optional(QStringLiteral("first")));
+        QVERIFY(list->values().value(QStringLiteral("k")) == PropertyListValue(QStringLiteral("first")));
+        list->setValue(QStringLiteral("k"), QStringLiteral("new"));
+        const auto again = PropertyList::parse(list->serialized().value_or(QByteArray()), limits);
+        QVERIFY(again && again->values().value(QStringLiteral("k")) == PropertyListValue(QStringLiteral("new")));
+    }
+
     void charactersThatNoTextHoldsDoNoHarmInXml() {
         for (const char* character : {"&#0;", "&#x0;", "&#1;", "&#xD800;", "&#xFFFFFFFFFF;", "&#-1;", "&;", "&#;"}) {
             const QByteArray text = "a" + QByteArray(character) + "b";

@@ -62,6 +62,7 @@ private Q_SLOTS:
             QTest::newRow(name) << dictionary("<key>k</key>" + QByteArray(xml)) << value;
         };
         row("string", "<string>Größe &lt;&amp;&#x1F600;</string>", QStringLiteral("Größe <&\U0001F600"));
+        row("mark of byte order", "<string>\xEF\xBB\xBF a</string>", QStringLiteral("\uFEFF a"));
         row("empty string", "<string></string>", QString(u""_qs));
         row("spaces", "<string>  a\n b </string>", QStringLiteral("  a\n b "));
         row("real", "<real>0.05</real>", 0.05);
