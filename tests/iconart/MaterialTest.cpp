@@ -83,7 +83,7 @@ private Q_SLOTS:
     }
 
     void nothingMakesNothing() {
-        QVERIFY(throughMaterial({}, 1, MaterialStyle::ultraThin()).isNull());
+        QVERIFY(throughMaterial(QImage(), 1, MaterialStyle::ultraThin()).isNull());
         QCOMPARE(throughMaterial(plain(Qt::red, {1, 1}), 2, MaterialStyle::ultraThin()).size(), QSize(1, 1));
     }
 };
