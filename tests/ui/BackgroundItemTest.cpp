@@ -1,5 +1,6 @@
 #include "ui/BackgroundItem.h"
 
+#include "iconart/Material.h"
 #include "ui/WallFixture.h"
 
 using namespace zelmo;
@@ -81,22 +82,25 @@ private Q_SLOTS:
         }
     }
 
-    void aPartIsWhatIsDrawnThere_data() {
+    void aPartThroughTheMaterialIsOfWhatIsDrawnThere_data() {
         QTest::addColumn<QRect>("part");
         QTest::newRow("everything") << QRect(0, 0, 400, 300);
         QTest::newRow("across bands") << QRect(30, 50, 200, 150);
         QTest::newRow("beyond the edges") << QRect(-20, 250, 500, 100);
         QTest::newRow("one pixel") << QRect(399, 299, 1, 1);
     }
-    void aPartIsWhatIsDrawnThere() {
+    void aPartThroughTheMaterialIsOfWhatIsDrawnThere() {
         QFETCH(QRect, part);
+        MaterialStyle unblurred = MaterialStyle::ultraThin();
+        unblurred.blurRadius = 0;
         Shown shown({400, 300});
         for (const bool isMirrored : {false, true}) {
             shown.item.setMirrored(isMirrored);
             const QImage picture = shown.picture();
-            QCOMPARE(differences(shown.item.part(part, 1), picture.copy(part & picture.rect()), 1), QString());
+            const QImage wanted = throughMaterial(picture.copy(part & picture.rect()), 1, unblurred);
+            QCOMPARE(differences(shown.item.throughMaterialAt(part, 1), wanted, 2), QString());
         }
-        QVERIFY(shown.item.part(QRect(400, 0, 10, 10), 1).isNull());
+        QVERIFY(shown.item.throughMaterialAt(QRect(400, 0, 10, 10), 1).isNull());
     }
 
     void aChangeIsDrawn() {

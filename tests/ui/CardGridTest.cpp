@@ -51,7 +51,7 @@ public:
         grid.ensurePolished();
         QList<QQuickItem*> cards;
         for (QQuickItem* item : grid.childItems()) {
-            if (item->isVisible())
+            if (item->isVisible() && item->property("name").isValid())
                 cards.append(item);
         }
         std::sort(cards.begin(), cards.end(), [](const QQuickItem* a, const QQuickItem* b) {
