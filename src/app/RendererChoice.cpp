@@ -29,9 +29,9 @@ void chooseRenderer() {
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     // Milliseconds between a change and the frame that shows it. The default of 5 is a third of a frame, which a
-    // person who types waits for at every key; at 0 every icon that arrives would be a frame of its own.
+    // person who types waits for at every key. Icons that arrive while a frame is drawn share the next one anyway.
     if (!qEnvironmentVariableIsSet(updateDelayVariable))
-        qputenv(updateDelayVariable, "1");
+        qputenv(updateDelayVariable, "0");
 }
 
 } // namespace zelmo
