@@ -8,7 +8,9 @@ namespace zelmo {
 // The base of the cards of all layouts: one application, as the wall's model gives it, and the shape that takes clicks.
 // A card is given to another application at many a key, so that the properties are this class's own: the written
 // language takes several times as long to set its. Only what differs is announced.
-class CardItem : public PlateItem {
+//
+// The base is written in full for the list of QML types, which knows it by that name only.
+class CardItem : public zelmo::PlateItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(zelmo::LaunchableApp app MEMBER m_app NOTIFY appChanged)
