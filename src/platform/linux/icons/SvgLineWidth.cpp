@@ -54,11 +54,13 @@ void SvgLineWidth::readElement(int index, QStringView name, const QXmlStreamAttr
 void SvgLineWidth::apply(int index, const SvgDeclarations& declarations) {
     m_widest = std::max(m_widest, declarations.lineWidth);
     if (declarations.enlargement > 1)
-        m_enlarged.push_back({index, declarations.enlargement, 0, false});
+        m_enlarged.push_back({.index = index, .factor = declarations.enlargement});
 }
 
 void SvgLineWidth::applyToAll(const SvgDeclarations& declarations) {
-    m_widest = declarations.enlargement > 1 ? infinity : std::max(m_widest, declarations.lineWidth);
+    if (declarations.enlargement > 1)
+        m_widest = infinity;
+    m_widest = std::max(m_widest, declarations.lineWidth);
 }
 
 void SvgLineWidth::enlarge(SvgCostTree& tree) const {

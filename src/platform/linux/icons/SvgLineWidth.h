@@ -24,8 +24,8 @@ private:
     struct Enlarged {
         int index;
         double factor;
-        double viewBox;  // its smaller side, 0 without one
-        bool isByMarker; // as often as the line is wide that it is on
+        double viewBox = 0;      // its smaller side, 0 without one
+        bool isByMarker = false; // as often as the line is wide that it is on
     };
 
     double measure(QStringView text) const;
