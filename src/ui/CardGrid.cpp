@@ -122,8 +122,10 @@ void CardGrid::updatePolish() {
         card->item->setVisible(false);
     }
     m_cards.insert(m_cards.end(), made.begin(), made.end());
-    if (changes > fewCards || m_visibleTop != m_paintedTop)
-        repaint();
+    // The spacing holds what cards draw beyond their edges.
+    if (changes > fewCards || m_visibleTop != m_repaintArea->y())
+        m_repaintArea->repaint(
+            {-m_columnSpacing, m_visibleTop, implicitWidth() + 2 * m_columnSpacing, m_visibleHeight});
     startTransition();
 }
 
@@ -391,14 +393,6 @@ void CardGrid::noteData(const QModelIndex& first, const QModelIndex& last) {
         if (card.index.isValid() && card.index.row() >= first.row() && card.index.row() <= last.row())
             writeRoles(card);
     }
-}
-
-// The spacing holds what cards draw beyond their edges.
-void CardGrid::repaint() {
-    m_paintedTop = m_visibleTop;
-    m_repaintArea->setPosition({-m_columnSpacing, m_visibleTop});
-    m_repaintArea->setSize({implicitWidth() + 2 * m_columnSpacing, m_visibleHeight});
-    m_repaintArea->update();
 }
 
 } // namespace zelmo

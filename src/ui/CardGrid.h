@@ -108,7 +108,6 @@ private:
     void showTransition(double progress);
     void endTransition();
     void noteData(const QModelIndex& first, const QModelIndex& last);
-    void repaint();
 
     QPointer<QAbstractItemModel> m_model;
     QPointer<QQmlComponent> m_component;
@@ -130,7 +129,6 @@ private:
     std::vector<Card> m_fading; // of rows that are gone
     QVariantAnimation m_transition;
     RepaintArea* m_repaintArea;
-    qreal m_paintedTop = 0;
 };
 
 } // namespace zelmo

@@ -25,6 +25,12 @@ RepaintArea::RepaintArea(QQuickItem* parent) : QQuickItem(parent) {
     setFlag(ItemHasContents);
 }
 
+void RepaintArea::repaint(const QRectF& area) {
+    setPosition(area.topLeft());
+    setSize(area.size());
+    update();
+}
+
 QSGNode* RepaintArea::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
     auto* area = node ? static_cast<RepaintNode*>(node) : new RepaintNode;
     area->setSize(size());

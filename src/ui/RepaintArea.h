@@ -13,6 +13,9 @@ class RepaintArea : public QQuickItem {
 public:
     explicit RepaintArea(QQuickItem* parent);
 
+    // Once, with the next frame; in the parent's coordinates.
+    void repaint(const QRectF& area);
+
 protected:
     QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 };
