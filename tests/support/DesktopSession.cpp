@@ -91,8 +91,10 @@ DesktopSession::~DesktopSession() {
     for (const auto& program : m_programs) {
         if (program->state() != QProcess::NotRunning) {
             program->terminate();
-            if (!program->waitForFinished(5000))
+            if (!program->waitForFinished(longestWait)) {
+                qWarning("%s does not end when it is told to", qPrintable(program->program()));
                 program->kill();
+            }
         }
     }
     m_programs.clear();
