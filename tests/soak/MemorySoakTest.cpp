@@ -56,8 +56,8 @@ private Q_SLOTS:
     void cleanupTestCase() { m_desktop.reset(); }
 
     void showingAndHidingLeavesNothingBehind() {
-        const int presses = soakCount(60, 10'000);
-        QVERIFY(toggle(30));
+        const int presses = soakCount(40, 10'000);
+        QVERIFY(toggle(20));
         FlatUse use(m_desktop->process());
         QVERIFY(toggle(presses / 2));
         use.noteMiddle();
@@ -66,8 +66,8 @@ private Q_SLOTS:
     }
 
     void scansLeaveNothingBehind() {
-        const int changes = soakCount(30, 1'000);
-        QVERIFY(installAndRemove(10));
+        const int changes = soakCount(16, 1'000);
+        QVERIFY(installAndRemove(6));
         FlatUse use(m_desktop->process());
         QVERIFY(installAndRemove(changes / 2));
         use.noteMiddle();
