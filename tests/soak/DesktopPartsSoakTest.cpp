@@ -144,7 +144,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("tray");
         QTest::addColumn<Wall>("wall");
         for (const char* name : {"trayer", "xfce4-panel"}) {
-            QTest::addRow("%s, hidden", name) << QString::fromLatin1(name) << Wall::hidden;
+            if (isLong())
+                QTest::addRow("%s, hidden", name) << QString::fromLatin1(name) << Wall::hidden;
             QTest::addRow("%s, shown", name) << QString::fromLatin1(name) << Wall::shown;
         }
     }
@@ -203,7 +204,8 @@ private Q_SLOTS:
 private:
     static void walls() {
         QTest::addColumn<Wall>("wall");
-        QTest::newRow("hidden") << Wall::hidden;
+        if (isLong())
+            QTest::newRow("hidden") << Wall::hidden;
         QTest::newRow("shown") << Wall::shown;
     }
     static bool bring(const WholeDesktop& whole, Wall wall) {
