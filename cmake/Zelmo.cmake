@@ -44,7 +44,7 @@ function(zelmo_library name)
     target_precompile_headers(zelmo_${name} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/Precompiled.h)
 endfunction()
 
-# zelmo_test(<name> KIND unit|view|desktop SOURCES … LIBRARIES …)
+# zelmo_test(<name> KIND unit|view|desktop|soak SOURCES … LIBRARIES …)
 # One test program per subject. Unit and view tests run without a display.
 function(zelmo_test name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "KIND" "SOURCES;LIBRARIES")
