@@ -15,6 +15,7 @@
 #include "settings/AppSettingsWindowController.h"
 #include "shell/ZelmoApp.h"
 #include "shell/ZelmoAppDelegate.h"
+#include "ui/AccessibleButton.h"
 #include "ui/AlertWindowPresenter.h"
 #include "ui/DesktopPicture.h"
 #include "ui/IconCache.h"
@@ -40,6 +41,7 @@ int main(int argc, char* argv[]) {
     // Nothing is translated, so only the locale says so.
     QGuiApplication::setLayoutDirection(QLocale::system().textDirection());
 
+    installAccessibleButtons();
     WallScene wallScene;
     LinuxBackends backends;
     // The wall opens by itself, so what is typed from here on is meant for it.

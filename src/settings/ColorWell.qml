@@ -8,6 +8,7 @@ T.Button {
 
     required property SettingsPalette colors
     required property ColorSetting setting
+    readonly property bool tellsWhetherEnabled: true
 
     implicitWidth: SettingsMetrics.wellWidth
     implicitHeight: SettingsMetrics.wellHeight
@@ -20,7 +21,6 @@ T.Button {
     Accessible.role: Accessible.Button
     Accessible.name: well.setting.title
     Accessible.description: well.setting.hex
-    // The toolkit does not tell what is out of use.
     Accessible.focusable: well.enabled
     Accessible.onPressAction: if (well.enabled) well.clicked()
 

@@ -3,6 +3,8 @@ import Zelmo.Ui
 
 // One of the buttons beside the search field.
 RoundButton {
+    readonly property bool tellsWhetherEnabled: true
+
     width: HeaderMetrics.editSide
     symbolSize: HeaderMetrics.editSymbolSize
     symbolWeight: Font.Black

@@ -89,17 +89,41 @@ private Q_SLOTS:
     void selectedCardsAreSelected() {
         QVERIFY(act("push button", "Select", "Press"));
         QVERIFY(waitFor("push button", "Mail", "selectable"));
-        // The toolkit's own state of being disabled is not passed on by all of its versions.
         const auto uninstall = m_tree->find(program, QStringLiteral("push button"), QStringLiteral("Uninstall"));
         QVERIFY(uninstall);
+        QVERIFY(!uninstall->is("enabled"));
         QVERIFY(!uninstall->is("focusable"));
         QCOMPARE(uninstall->description, QStringLiteral("Select apps to uninstall"));
         QVERIFY(act("push button", "Mail", "Press"));
         QVERIFY(waitFor("push button", "Mail", "selected"));
+        QVERIFY(waitFor("push button", "Uninstall", "enabled"));
         QVERIFY(waitFor("push button", "Uninstall", "focusable"));
+        QVERIFY(act("push button", "Mail", "Press"));
+        QVERIFY(DesktopSession::waitFor([this] {
+            return !m_tree->find(program, QStringLiteral("push button"), QStringLiteral("Uninstall"))->is("enabled");
+        }));
         QVERIFY(act("push button", "Done", "Press"));
         QVERIFY(waitFor("push button", "Select"));
         QVERIFY(!m_tree->find(program, QStringLiteral("push button"), QStringLiteral("Mail"))->is("selected"));
+    }
+
+    void aButtonSaysThatItCanBeUsedNow() {
+        QVERIFY(act("push button", "Select", "Press"));
+        QVERIFY(waitFor("push button", "Uninstall"));
+        AccessibleChanges changes(QStringLiteral("enabled"));
+        QStringList heard;
+        const auto waitToHear = [&](const QString& what) {
+            return DesktopSession::waitFor([&] {
+                heard += changes.take();
+                return heard.contains(what);
+            });
+        };
+        QVERIFY(act("push button", "Mail", "Press"));
+        QVERIFY(waitToHear(QStringLiteral("Uninstall on")));
+        QVERIFY(act("push button", "Mail", "Press"));
+        QVERIFY(waitToHear(QStringLiteral("Uninstall off")));
+        QVERIFY(act("push button", "Done", "Press"));
+        QVERIFY(waitFor("push button", "Select"));
     }
 
     // Last, for the wall goes.

@@ -106,7 +106,9 @@ private Q_SLOTS:
             for (const QString& action : actionsFor(node.role)) {
                 QVERIFY2(node.actions.contains(action), qPrintable(found.constLast()));
                 // What is out of use is not.
-                QVERIFY2(node.is("focusable") == (node.name != u"Background Color"), qPrintable(found.constLast()));
+                const bool isInUse = node.name != u"Background Color";
+                QVERIFY2(node.is("focusable") == isInUse, qPrintable(found.constLast()));
+                QVERIFY2(node.is("enabled") == isInUse, qPrintable(found.constLast()));
             }
         }
         QStringList expected;

@@ -3,6 +3,7 @@
 #include <atspi/atspi.h>
 
 #include <functional>
+#include <utility>
 
 namespace zelmo::test {
 
@@ -156,6 +157,33 @@ bool AccessibleTree::setValue(const QString& program, const QString& role, const
         return true;
     });
     return isDone;
+}
+
+struct AccessibleChanges::Listener {
+    static void hear(AtspiEvent* event, void* listener) {
+        const QString name = taken(atspi_accessible_get_name(event->source, nullptr));
+        static_cast<Listener*>(listener)->changes.append(name + QLatin1StringView(event->detail1 ? " on" : " off"));
+        g_boxed_free(ATSPI_TYPE_EVENT, event);
+    }
+
+    QByteArray kind;
+    QStringList changes;
+    AtspiEventListener* listener = nullptr;
+};
+
+AccessibleChanges::AccessibleChanges(const QString& state) : m_listener(std::make_unique<Listener>()) {
+    m_listener->kind = "object:state-changed:" + state.toUtf8();
+    m_listener->listener = atspi_event_listener_new(Listener::hear, m_listener.get(), nullptr);
+    atspi_event_listener_register(m_listener->listener, m_listener->kind.constData(), nullptr);
+}
+
+AccessibleChanges::~AccessibleChanges() {
+    atspi_event_listener_deregister(m_listener->listener, m_listener->kind.constData(), nullptr);
+    g_object_unref(m_listener->listener);
+}
+
+QStringList AccessibleChanges::take() {
+    return std::exchange(m_listener->changes, {});
 }
 
 } // namespace zelmo::test

@@ -48,4 +48,22 @@ public:
     bool setValue(const QString& program, const QString& role, const QString& name, double value) const;
 };
 
+// What programs say by themselves of the states of their controls. While there is a tree, and only one at a time; it
+// hears in the event loop.
+class AccessibleChanges {
+public:
+    // Of one state, such as "enabled".
+    explicit AccessibleChanges(const QString& state);
+    ~AccessibleChanges();
+    AccessibleChanges(const AccessibleChanges&) = delete;
+    AccessibleChanges& operator=(const AccessibleChanges&) = delete;
+
+    // The names of the controls that changed, each with "on" or "off" behind it, since the last call.
+    QStringList take();
+
+private:
+    struct Listener;
+    std::unique_ptr<Listener> m_listener;
+};
+
 } // namespace zelmo::test
