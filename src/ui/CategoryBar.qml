@@ -1,33 +1,75 @@
 import QtQuick
 import Zelmo.Ui
 
-ListView {
+// The chips in a row, which scrolls where there is no room for it. All of them are there, for screen readers. The focus
+// comes to the selected one.
+FocusScope {
     id: bar
 
     required property CategoryBarModel categories
     required property WallStyle style
     required property HelpTip tip
 
-    height: contentItem.childrenRect.height
-    orientation: ListView.Horizontal
-    spacing: HeaderMetrics.chipsSpacing
-    model: bar.categories
-    // All of them, for screen readers.
-    cacheBuffer: 10000
-    clip: contentWidth > width
-    boundsBehavior: Flickable.StopAtBounds
-    highlightMoveDuration: 0
+    height: row.height
     activeFocusOnTab: true
-    keyNavigationEnabled: true
-    onActiveFocusChanged: currentIndex = bar.categories.selectedRow
+    onActiveFocusChanged: if (!bar.activeFocus) chips.itemAt(bar.categories.selectedRow).focus = true
+
+    Keys.onLeftPressed: event => bar.move(bar.LayoutMirroring.enabled ? 1 : -1, event)
+    Keys.onRightPressed: event => bar.move(bar.LayoutMirroring.enabled ? -1 : 1, event)
 
     Accessible.role: Accessible.List
     Accessible.name: "Categories"
 
-    delegate: CategoryChip {
-        style: bar.style
-        tip: bar.tip
-        onPressed: bar.categories.choose(index)
+    function move(rows: int, event: KeyEvent) {
+        for (let i = 0; i < chips.count; ++i) {
+            if (!chips.itemAt(i).activeFocus)
+                continue;
+            const next = chips.itemAt(i + rows);
+            event.accepted = next !== null;
+            if (next)
+                next.forceActiveFocus(rows > 0 ? Qt.TabFocusReason : Qt.BacktabFocusReason);
+            return;
+        }
+    }
+
+    function show(chip: Item) {
+        const left = row.x + chip.x;
+        area.contentX = Math.max(left + chip.width - area.width, Math.min(area.contentX, left));
+    }
+
+    Flickable {
+        id: area
+
+        readonly property real beginning: bar.LayoutMirroring.enabled ? area.contentWidth - area.width : 0
+
+        anchors.fill: parent
+        contentWidth: Math.max(area.width, row.width)
+        clip: row.width > area.width
+        boundsBehavior: Flickable.StopAtBounds
+        flickableDirection: Flickable.HorizontalFlick
+        onBeginningChanged: area.contentX = area.beginning
+
+        Row {
+            id: row
+
+            anchors.left: parent.left
+            spacing: HeaderMetrics.chipsSpacing
+
+            Repeater {
+                id: chips
+
+                model: bar.categories
+                delegate: CategoryChip {
+                    id: chip
+
+                    style: bar.style
+                    tip: bar.tip
+                    focus: chip.isSelected
+                    onPressed: bar.categories.choose(chip.index)
+                    onActiveFocusChanged: if (chip.activeFocus) bar.show(chip)
+                }
+            }
+        }
     }
 
     // A wheel that only turns one way moves the bar as well, towards its end as it turns down.
@@ -36,9 +78,8 @@ ListView {
         orientation: Qt.Vertical
         onWheel: event => {
             const step = event.angleDelta.y * HeaderMetrics.wheelStep;
-            const next = bar.contentX + (bar.LayoutMirroring.enabled ? step : -step);
-            const last = bar.originX + Math.max(0, bar.contentWidth - bar.width);
-            bar.contentX = Math.max(bar.originX, Math.min(next, last));
+            const next = area.contentX + (bar.LayoutMirroring.enabled ? step : -step);
+            area.contentX = Math.max(0, Math.min(next, area.contentWidth - area.width));
         }
     }
 }
