@@ -82,7 +82,7 @@ std::unique_ptr<DesktopSession> DesktopSession::start(const DesktopOptions& opti
                            "<?xml version=\"1.0\"?><openbox_config xmlns=\"http://openbox.org/3.4/rc\"><keyboard/>"
                            "</openbox_config>");
 
-    if (!session->startServer(options) || !session->startBus() ||
+    if (!session->startServer(options) || !session->startBus(BusPlace::same) ||
         (!options.windowManager.isEmpty() && !session->startWindowManager(options.windowManager)) ||
         (options.compositor == Compositor::picom && !session->startCompositor()))
         return nullptr;
@@ -160,10 +160,7 @@ bool DesktopSession::startPart(DesktopPart part, BusPlace place) {
     case DesktopPart::compositor:
         return startCompositor();
     case DesktopPart::bus:
-        // The rest of the address names the bus itself, and this one is another.
-        return startBus(place == BusPlace::same ? m_environment.value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"))
-                                                      .section(QStringLiteral(",guid="), 0, 0)
-                                                : QString());
+        return startBus(place);
     }
     return false;
 }
@@ -281,14 +278,16 @@ bool DesktopSession::startServer(const DesktopOptions& options) {
     return m_display != nullptr;
 }
 
-bool DesktopSession::startBus(const QString& address) {
+bool DesktopSession::startBus(BusPlace place) {
+    if (place == BusPlace::another)
+        ++m_busNumber;
     auto bus = std::make_unique<QProcess>();
     prepare(*bus);
     bus->setStandardErrorFile(home() + QStringLiteral("/bus.log"));
-    QStringList arguments{QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1")};
-    if (!address.isEmpty())
-        arguments.append(QStringLiteral("--address=") + address);
-    bus->start(QStringLiteral("dbus-daemon"), arguments);
+    const QString address = QStringLiteral("unix:path=%1/bus-%2").arg(home()).arg(m_busNumber);
+    bus->start(QStringLiteral("dbus-daemon"),
+               {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1"),
+                QStringLiteral("--address=") + address});
     QByteArray printed;
     if (!bus->waitForStarted() || !waitFor([&] {
             bus->waitForReadyRead(20);
@@ -298,7 +297,7 @@ bool DesktopSession::startBus(const QString& address) {
         qWarning("no session bus starts");
         return false;
     }
-    m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QString::fromLatin1(printed.trimmed()));
+    m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), address);
     m_bus = std::move(bus);
     return true;
 }

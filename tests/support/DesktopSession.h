@@ -89,7 +89,7 @@ private:
 
     bool startServer(const DesktopOptions& options);
     // At an address; at a new one when it is empty.
-    bool startBus(const QString& address = {});
+    bool startBus(BusPlace place);
     bool startWindowManager(const QString& program);
     bool startCompositor();
     bool startPart(DesktopPart part, BusPlace place);
@@ -107,6 +107,7 @@ private:
     QString m_serviceDataFolders;
     std::unique_ptr<QProcess> m_server;
     std::unique_ptr<QProcess> m_bus;
+    int m_busNumber = 0;
     std::unique_ptr<QProcess> m_windowManager;
     std::unique_ptr<QProcess> m_compositor;
     std::unique_ptr<XDisplay> m_display;

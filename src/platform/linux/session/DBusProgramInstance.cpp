@@ -133,7 +133,7 @@ struct DBusProgramInstance::Methods {
             return result;
         auto* self = static_cast<DBusProgramInstance*>(instance);
         QMetaObject::invokeMethod(
-            &*self->m_readable, [self, request, token] { self->m_handler(request, token); }, Qt::QueuedConnection);
+            &*self->m_reconnect, [self, request, token] { self->m_handler(request, token); }, Qt::QueuedConnection);
         return 1;
     }
 
@@ -152,8 +152,8 @@ DBusProgramInstance::DBusProgramInstance(const QString& address) : m_address(add
 
 DBusProgramInstance::~DBusProgramInstance() = default;
 
-// Null where the bus does not answer.
-DBusProgramInstance::Bus DBusProgramInstance::connect() {
+// Waits for nothing; null where there is no bus.
+DBusProgramInstance::Bus DBusProgramInstance::open() {
     sd_bus* made = nullptr;
     if (m_address.isEmpty() || sd_bus_new(&made) < 0)
         return nullptr;
@@ -161,9 +161,14 @@ DBusProgramInstance::Bus DBusProgramInstance::connect() {
     const bool isUp =
         sd_bus_set_address(bus.get(), m_address.constData()) >= 0 && sd_bus_set_bus_client(bus.get(), 1) >= 0 &&
         sd_bus_set_method_call_timeout(bus.get(), longestBusWait.count()) >= 0 && sd_bus_start(bus.get()) >= 0 &&
-        waitUntilReady(bus.get()) &&
         sd_bus_add_object_vtable(bus.get(), nullptr, objectPath, interfaceName, Methods::table, this) >= 0;
     return isUp ? std::move(bus) : nullptr;
+}
+
+// Null where the bus does not answer, too.
+DBusProgramInstance::Bus DBusProgramInstance::connect() {
+    Bus bus = open();
+    return bus && waitUntilReady(bus.get()) ? std::move(bus) : nullptr;
 }
 
 InstanceClaim DBusProgramInstance::claim(const QByteArray& activationToken) {
@@ -200,6 +205,11 @@ void DBusProgramInstance::listen(RequestHandler handler) {
     if (!m_bus)
         return;
     m_handler = std::move(handler);
+    m_reconnect.emplace([this] { comeAgain(); });
+    watch();
+}
+
+void DBusProgramInstance::watch() {
     const int descriptor = sd_bus_get_fd(m_bus.get());
     m_readable.emplace(descriptor, QSocketNotifier::Read);
     m_writable.emplace(descriptor, QSocketNotifier::Write);
@@ -215,9 +225,26 @@ void DBusProgramInstance::process() {
     while (progress > 0)
         progress = sd_bus_process(m_bus.get(), nullptr);
     const int events = progress < 0 ? progress : sd_bus_get_events(m_bus.get());
-    // Without the bus, nobody asks any more.
     m_readable->setEnabled(events >= 0);
     m_writable->setEnabled(events >= 0 && (events & POLLOUT));
+    if (events < 0)
+        m_reconnect->start();
+}
+
+// The display is still the program's own, whoever has the name meanwhile.
+void DBusProgramInstance::comeAgain() {
+    Bus bus = open();
+    const auto answered = [](sd_bus_message* answer, void* instance, sd_bus_error*) {
+        if (!sd_bus_message_is_method_error(answer, nullptr))
+            static_cast<DBusProgramInstance*>(instance)->m_reconnect->reset();
+        return 0;
+    };
+    if (!bus || sd_bus_request_name_async(bus.get(), nullptr, name, 0, answered, this) < 0) {
+        m_reconnect->start();
+        return;
+    }
+    m_bus = std::move(bus);
+    watch();
 }
 
 } // namespace zelmo

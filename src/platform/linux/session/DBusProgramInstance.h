@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/session/ReconnectTimer.h"
 #include "shell/ProgramInstance.h"
 
 #include <QSocketNotifier>
@@ -37,14 +38,18 @@ private:
     using Bus = std::unique_ptr<sd_bus, BusCloser>;
     struct Methods;
 
+    Bus open();
     Bus connect();
+    void watch();
     void process();
+    void comeAgain();
 
     QByteArray m_address;
     Bus m_bus;
     RequestHandler m_handler;
     std::optional<QSocketNotifier> m_readable;
     std::optional<QSocketNotifier> m_writable;
+    std::optional<ReconnectTimer> m_reconnect;
 };
 
 } // namespace zelmo

@@ -7,37 +7,57 @@
 
 namespace zelmo {
 
-PresenceListener::PresenceListener(BusAddresses addresses) : m_addresses(std::move(addresses)) {}
+PresenceListener::PresenceListener(const BusAddresses& addresses)
+    : m_session{addresses.session, {}, ReconnectTimer([this] { listenToSession(); }, this)},
+      m_system{addresses.system, {}, ReconnectTimer([this] { listenToSystem(); }, this)} {}
 
 PresenceListener::~PresenceListener() {
     m_screenSavers.clear();
     m_loginSession.reset();
-    for (const QString& name : m_connectionNames)
-        QDBusConnection::disconnectFromBus(name);
+    for (const Bus* bus : {&m_session, &m_system})
+        QDBusConnection::disconnectFromBus(bus->connectionName);
 }
 
 void PresenceListener::start() {
-    if (const auto bus = connectTo(m_addresses.session, SLOT(forgetSession()))) {
-        for (const ScreenSaverService& service : screenSaverServices()) {
-            m_screenSavers.push_back(std::make_unique<ScreenSaverListener>(*bus, service));
-            connect(m_screenSavers.back().get(), &ScreenSaverListener::changed, this, &PresenceListener::judge);
-        }
-    }
-    if (const auto bus = connectTo(m_addresses.system, SLOT(forgetSystem()))) {
-        m_loginSession = std::make_unique<LoginSessionListener>(*bus);
-        connect(m_loginSession.get(), &LoginSessionListener::changed, this, &PresenceListener::judge);
+    listenToSession();
+    listenToSystem();
+}
+
+void PresenceListener::listenToSession() {
+    const auto connection = connectTo(m_session, SLOT(forgetSession()));
+    if (!connection)
+        return;
+    for (const ScreenSaverService& service : screenSaverServices()) {
+        m_screenSavers.push_back(std::make_unique<ScreenSaverListener>(*connection, service));
+        connect(m_screenSavers.back().get(), &ScreenSaverListener::changed, this, &PresenceListener::judge);
     }
 }
 
-std::optional<QDBusConnection> PresenceListener::connectTo(const QString& address, const char* lost) {
+void PresenceListener::listenToSystem() {
+    const auto connection = connectTo(m_system, SLOT(forgetSystem()));
+    if (!connection)
+        return;
+    m_loginSession = std::make_unique<LoginSessionListener>(*connection);
+    connect(m_loginSession.get(), &LoginSessionListener::changed, this, &PresenceListener::judge);
+}
+
+std::optional<QDBusConnection> PresenceListener::connectTo(Bus& bus, const char* lost) {
     static std::atomic<int> count = 0;
-    if (address.isEmpty())
+    if (bus.address.isEmpty())
         return std::nullopt;
+    const bool wasThere = !bus.connectionName.isEmpty();
+    if (wasThere)
+        QDBusConnection::disconnectFromBus(bus.connectionName);
     const QString name = QStringLiteral("zelmo-presence-%1").arg(++count);
-    QDBusConnection connection = QDBusConnection::connectToBus(address, name);
-    m_connectionNames.append(name);
-    if (!connection.isConnected())
+    QDBusConnection connection = QDBusConnection::connectToBus(bus.address, name);
+    if (!connection.isConnected()) {
+        QDBusConnection::disconnectFromBus(name);
+        if (wasThere)
+            bus.comesAgain.start();
         return std::nullopt;
+    }
+    bus.connectionName = name;
+    bus.comesAgain.reset();
     connection.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
                        QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this, lost);
     return connection;
@@ -56,11 +76,13 @@ void PresenceListener::judge() {
 void PresenceListener::forgetSession() {
     m_screenSavers.clear();
     judge();
+    m_session.comesAgain.start();
 }
 
 void PresenceListener::forgetSystem() {
     m_loginSession.reset();
     judge();
+    m_system.comesAgain.start();
 }
 
 } // namespace zelmo

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/session/BusAddresses.h"
+#include "platform/linux/session/ReconnectTimer.h"
 
 #include <QDBusConnection>
 #include <QObject>
@@ -20,7 +21,7 @@ class PresenceListener : public QObject {
     Q_OBJECT
 
 public:
-    explicit PresenceListener(BusAddresses addresses);
+    explicit PresenceListener(const BusAddresses& addresses);
     ~PresenceListener() override;
 
     void start();
@@ -29,8 +30,17 @@ Q_SIGNALS:
     void presenceChanged(bool present);
 
 private:
-    // A connection of our own; nothing when the bus is not there. `lost` is called when the bus goes away.
-    std::optional<QDBusConnection> connectTo(const QString& address, const char* lost);
+    // A bus that is listened to over a connection of our own.
+    struct Bus {
+        QString address;
+        QString connectionName;
+        ReconnectTimer comesAgain;
+    };
+
+    // Nothing when the bus is not there. `lost` is called when it goes away.
+    std::optional<QDBusConnection> connectTo(Bus& bus, const char* lost);
+    void listenToSession();
+    void listenToSystem();
     void judge();
 
 private Q_SLOTS:
@@ -38,9 +48,9 @@ private Q_SLOTS:
     void forgetSystem();
 
 private:
-    BusAddresses m_addresses;
+    Bus m_session;
+    Bus m_system;
     bool m_present = true;
-    QList<QString> m_connectionNames;
     std::vector<std::unique_ptr<ScreenSaverListener>> m_screenSavers;
     std::unique_ptr<LoginSessionListener> m_loginSession;
 };

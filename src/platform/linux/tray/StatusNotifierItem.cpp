@@ -47,7 +47,8 @@ QDBusMessage busMethod(const QString& method, const QVariantList& arguments) {
 
 StatusNotifierItem::StatusNotifierItem(const QString& busAddress)
     : m_busAddress(busAddress), m_itemObject(std::make_unique<QObject>()), m_menuObject(std::make_unique<QObject>()),
-      m_item(new StatusNotifierAdaptor(m_itemObject.get(), menuPath)), m_menu(new BusMenuAdaptor(m_menuObject.get())) {
+      m_item(new StatusNotifierAdaptor(m_itemObject.get(), menuPath)), m_menu(new BusMenuAdaptor(m_menuObject.get())),
+      m_reconnect([this] { connectInBackground(); }) {
     static std::atomic<int> count = 0;
     m_connectionName = QStringLiteral("zelmo-tray-%1").arg(++count);
     registerNotifierTypes();
@@ -84,7 +85,7 @@ void StatusNotifierItem::setVisibility(StatusItemVisibility visibility) {
     if (visibility == StatusItemVisibility::visible) {
         if (m_bus)
             setWatcher(m_watcher);
-        else
+        else if (!m_thread)
             connectInBackground();
         return;
     }
@@ -98,12 +99,14 @@ void StatusNotifierItem::setVisibility(StatusItemVisibility visibility) {
 
 // A bus that stands still keeps whoever connects to it waiting.
 void StatusNotifierItem::connectInBackground() {
-    if (m_thread)
-        return;
     if (m_busAddress.isEmpty()) {
         setHosting(NotifierHosting::absent);
         return;
     }
+    if (m_thread)
+        m_thread->wait();
+    m_bus.reset();
+    QDBusConnection::disconnectFromBus(m_connectionName);
     m_thread.reset(QThread::create(
         [address = m_busAddress, name = m_connectionName] { QDBusConnection::connectToBus(address, name); }));
     connect(m_thread.get(), &QThread::finished, this, [this] { useBus(QDBusConnection(m_connectionName)); });
@@ -114,9 +117,13 @@ void StatusNotifierItem::connectInBackground() {
 void StatusNotifierItem::useBus(const QDBusConnection& bus) {
     m_bus = bus;
     if (!m_bus->isConnected()) {
-        forgetBus();
+        setWatcher({});
+        if (m_wasConnected)
+            m_reconnect.start();
         return;
     }
+    m_wasConnected = true;
+    m_reconnect.reset();
     m_bus->registerObject(itemPath, m_itemObject.get(), QDBusConnection::ExportAdaptors);
     m_bus->registerObject(menuPath, m_menuObject.get(), QDBusConnection::ExportAdaptors);
     // Without the sender's name, after which the library would ask and wait.
@@ -148,6 +155,7 @@ void StatusNotifierItem::hearHostsChanged(const QDBusMessage& message) {
 void StatusNotifierItem::forgetBus() {
     m_hasName = false;
     setWatcher({});
+    m_reconnect.start();
 }
 
 void StatusNotifierItem::setWatcher(const QString& owner) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "menubar/StatusItem.h"
+#include "platform/linux/session/ReconnectTimer.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -23,9 +24,9 @@ enum class NotifierHosting {
     hosted,
 };
 
-// The program's item on the session bus, registered with the desktop's watcher, as often as one comes up with a host.
-// It waits for nothing: the connection is made in the background, and everything asked on it is answered later. Owned
-// by the tray item; main thread.
+// The program's item on the session bus, registered with the desktop's watcher, as often as one comes up with a host,
+// and a bus again after the first. It waits for nothing: the connection is made in the background, and everything asked
+// on it is answered later. Owned by the tray item; main thread.
 class StatusNotifierItem : public QObject, public StatusItem {
     Q_OBJECT
 
@@ -67,12 +68,14 @@ private:
     std::optional<QDBusConnection> m_bus;
     QString m_watcher;        // the unique name of its owner; empty where there is none
     QString m_registeredWith; // the watcher that knows the item
+    bool m_wasConnected = false;
     bool m_hasName = false;
     std::unique_ptr<QObject> m_itemObject;
     std::unique_ptr<QObject> m_menuObject;
     StatusNotifierAdaptor* m_item; // child of its object
     BusMenuAdaptor* m_menu;        // child of its object
     std::unique_ptr<QThread> m_thread;
+    ReconnectTimer m_reconnect;
 };
 
 } // namespace zelmo

@@ -2,6 +2,7 @@
 #include "PrivateBus.h"
 #include "RecordedRequests.h"
 
+#include <QDBusConnectionInterface>
 #include <QDBusInterface>
 #include <QDBusMessage>
 #include <QElapsedTimer>
@@ -193,6 +194,41 @@ private Q_SLOTS:
         const std::clock_t before = std::clock();
         QTest::qWait(200);
         QVERIFY(std::clock() - before < CLOCKS_PER_SEC / 10);
+    }
+
+    void aBusThatComesAgainReachesIt() {
+        PrivateBus bus;
+        DBusProgramInstance instance(bus.address());
+        QCOMPARE(instance.claim({}), InstanceClaim::first);
+        RecordedRequests requests;
+        instance.listen(requests.handler());
+        for (int end = 1; end <= 2; ++end) {
+            bus.kill();
+            bus.startAgain();
+            QTRY_VERIFY_WITH_TIMEOUT(bus.services().interface()->isServiceRegistered(busName), 15'000);
+            DBusProgramInstance second(bus.address());
+            QCOMPARE(answerOf(claimElsewhere(second, "again")), InstanceClaim::handedOver);
+            QTRY_COMPARE(requests.list.size(), end);
+        }
+    }
+
+    void whoHasTheNameMeanwhileKeepsIt() {
+        PrivateBus bus;
+        DBusProgramInstance instance(bus.address());
+        QCOMPARE(instance.claim({}), InstanceClaim::first);
+        RecordedRequests requests;
+        instance.listen(requests.handler());
+        bus.kill();
+        bus.startAgain();
+        DBusProgramInstance other(bus.address());
+        QCOMPARE(other.claim({}), InstanceClaim::first);
+        RecordedRequests others;
+        other.listen(others.handler());
+        // Both are on the bus.
+        QTRY_COMPARE_WITH_TIMEOUT(bus.services().interface()->registeredServiceNames().value().size(), 5, 15'000);
+        call(bus, "Activate", {QVariantMap()});
+        QTRY_COMPARE(others.list.size(), 1);
+        QVERIFY(requests.list.isEmpty());
     }
 };
 

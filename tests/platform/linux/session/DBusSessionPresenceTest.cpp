@@ -357,6 +357,27 @@ private Q_SLOTS:
         QTRY_VERIFY(observed.presence.isPresent());
     }
 
+    void aBusThatComesAgainIsHeard_data() { aBusThatVanishesKeepsNobodyAway_data(); }
+    void aBusThatComesAgainIsHeard() {
+        QFETCH(const bool, session);
+        PrivateBus& bus = session ? *m_session : *m_system;
+        const Observed observed(addresses());
+        for (int end = 0; end < 3; ++end) {
+            std::optional<FakeScreenSaver> screenSaver;
+            std::optional<FakeLogin> login;
+            if (session) {
+                screenSaver.emplace(bus, "freedesktop", true);
+            } else {
+                login.emplace(bus);
+                login->setProperties({{QStringLiteral("LockedHint"), true}});
+            }
+            QTRY_VERIFY_WITH_TIMEOUT(!observed.presence.isPresent(), 15'000);
+            bus.kill();
+            QTRY_VERIFY(observed.presence.isPresent());
+            bus.startAgain();
+        }
+    }
+
     void oneBusIsEnough_data() { aBusThatVanishesKeepsNobodyAway_data(); }
     void oneBusIsEnough() {
         QFETCH(const bool, session);

@@ -23,25 +23,30 @@ PrivateBus::PrivateBus() {
     m_connectionName = QStringLiteral("services-%1").arg(++count);
     QDir(m_folder.path()).mkdir(QStringLiteral("services"));
     const QString configuration = m_folder.filePath(QStringLiteral("bus.conf"));
-    write(configuration, QStringLiteral("<busconfig><type>session</type><listen>unix:dir=%1</listen>"
+    write(configuration, QStringLiteral("<busconfig><type>session</type><listen>unix:path=%1/bus</listen>"
                                         "<auth>EXTERNAL</auth><servicedir>%1/services</servicedir>"
                                         "<policy context=\"default\"><allow send_destination=\"*\"/>"
                                         "<allow eavesdrop=\"true\"/><allow own=\"*\"/></policy></busconfig>")
                              .arg(m_folder.path()));
     m_daemon.setStandardErrorFile(m_folder.filePath(QStringLiteral("log")));
-    m_daemon.start(QStringLiteral("dbus-daemon"), {QStringLiteral("--config-file=") + configuration,
-                                                   QStringLiteral("--nofork"), QStringLiteral("--print-address=1")});
-    QByteArray address;
-    while (!address.endsWith('\n') && m_daemon.waitForReadyRead(15'000))
-        address += m_daemon.readAllStandardOutput();
-    m_address = QString::fromLatin1(address.trimmed());
-    if (!QDBusConnection::connectToBus(m_address, m_connectionName).isConnected())
-        qFatal("no private bus starts");
+    startAgain();
 }
 
 PrivateBus::~PrivateBus() {
-    QDBusConnection::disconnectFromBus(m_connectionName);
     kill();
+}
+
+void PrivateBus::startAgain() {
+    m_daemon.start(QStringLiteral("dbus-daemon"),
+                   {QStringLiteral("--config-file=") + m_folder.filePath(QStringLiteral("bus.conf")),
+                    QStringLiteral("--nofork"), QStringLiteral("--print-address=1")});
+    QByteArray address;
+    while (!address.endsWith('\n') && m_daemon.waitForReadyRead(15'000))
+        address += m_daemon.readAllStandardOutput();
+    // Of the place only, as a session's bus has it: one that comes again has another identity.
+    m_address = QString::fromLatin1(address.left(address.indexOf(',')));
+    if (!QDBusConnection::connectToBus(m_address, m_connectionName).isConnected())
+        qFatal("no private bus starts");
 }
 
 void PrivateBus::makeStartable(const QString& service) const {
@@ -59,6 +64,7 @@ void PrivateBus::setRunning(bool runs) const {
 }
 
 void PrivateBus::kill() {
+    QDBusConnection::disconnectFromBus(m_connectionName);
     m_daemon.kill();
     m_daemon.waitForFinished(15'000);
 }

@@ -26,6 +26,8 @@ public:
     // Stops its program in the middle of whatever it does, or lets it go on.
     void setRunning(bool runs) const;
     void kill();
+    // After that, at the same address.
+    void startAgain();
 
 private:
     QTemporaryDir m_folder;

@@ -146,6 +146,19 @@ private Q_SLOTS:
         on.item.setTitle(QStringLiteral("still there"));
     }
 
+    void theItemComesBackWithTheBus() {
+        ItemOnBus on;
+        for (int end = 0; end < 2; ++end) {
+            on.bus.kill();
+            QTRY_COMPARE(on.item.hosting(), NotifierHosting::absent);
+            on.bus.startAgain();
+            const FakeWatcher watcher(on.bus.services(), yes);
+            QVERIFY(on.waitUntilHosted());
+            QCOMPARE(watcher.items(), QStringList{itemName()});
+            QCOMPARE(on.property("Title").toString(), QStringLiteral("Zelmo"));
+        }
+    }
+
     void aBusThatStandsStillIsNotWaitedFor() {
         const PrivateBus bus;
         bus.setRunning(false);
