@@ -90,6 +90,34 @@ private Q_SLOTS:
         }
     }
 
+    // Other window managers than this one ask for the monitors only when the size of the whole screen changes, and put
+    // the wall on one that they know.
+    void theWallOpensOnAScreenThatIsThereAgain_data() { walls(); }
+    void theWallOpensOnAScreenThatIsThereAgain() {
+        QFETCH(Wall, wall);
+        SoakDesktop desktop(
+            {.screen = {1600, 800}, .monitors = Monitors::leftPrimary, .windowManager = QStringLiteral("metacity")});
+        const XDisplay& display = desktop.session->display();
+        const QRect left(0, 0, 800, 800);
+        const QRect right(800, 0, 800, 800);
+        display.movePointer({1200, 700});
+        start(desktop, right);
+        for (int round = 0; round < soakCount(2, 40); ++round) {
+            removeMonitor(display, Monitor::right);
+            display.movePointer({400, 700});
+            if (wall == Wall::shown) {
+                desktop.wall->pressShortcut(altKey);
+                QVERIFY(waitForWallAt(desktop, left));
+            }
+            addSecondMonitor(display, Monitor::right, right);
+            display.movePointer({1200, 700});
+            QVERIFY(coversAndGoes(desktop, wall, wall == Wall::shown ? left : right));
+            desktop.wall->pressShortcut(altKey);
+            QVERIFY(waitForWallAt(desktop, right));
+            QVERIFY(desktop.wall->hide());
+        }
+    }
+
 private:
     static void walls() {
         QTest::addColumn<Wall>("wall");
