@@ -47,10 +47,19 @@ class ScreenSoakTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void theWallTakesTheNewSize_data() { walls(); }
+    void theWallTakesTheNewSize_data() {
+        QTest::addColumn<QString>("windowManager");
+        QTest::addColumn<Wall>("wall");
+        const QString openbox = QStringLiteral("openbox");
+        QTest::newRow("hidden") << openbox << Wall::hidden;
+        QTest::newRow("shown") << openbox << Wall::shown;
+        // Nobody else makes it larger.
+        QTest::newRow("shown, without a window manager") << QString() << Wall::shown;
+    }
     void theWallTakesTheNewSize() {
+        QFETCH(QString, windowManager);
         QFETCH(Wall, wall);
-        SoakDesktop desktop({.screen = {1400, 1400}});
+        SoakDesktop desktop({.screen = {1400, 1400}, .windowManager = windowManager});
         start(desktop);
         const auto sizes = {QSize(1024, 768), QSize(768, 1024), QSize(1400, 900), QSize(640, 480), QSize(1400, 1400)};
         for (int round = 0; round < soakCount(1, 20); ++round) {
