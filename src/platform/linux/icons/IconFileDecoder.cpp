@@ -6,8 +6,6 @@
 #include "platform/linux/icons/PictureFormat.h"
 #include "platform/linux/icons/SvgPicture.h"
 
-#include <QBuffer>
-#include <QImageReader>
 #include <QPainter>
 
 namespace zelmo {
@@ -25,13 +23,10 @@ QImage readPicture(const QByteArray& bytes, const QByteArray& format) {
         return Jpeg2000Picture::decode(bytes, jpeg2000SideLimit);
     limitPictureMemory();
     // The old kinds of .icns pictures are at most 128 pixels wide and have no header that gives their size.
-    const QSize size = format == "icns" ? QSize(1, 1) : pictureSize(bytes, format);
+    PictureReader reader(bytes, format);
+    const QSize size = format == "icns" ? QSize(1, 1) : reader.size();
     if (size.width() <= 0 || size.height() <= 0 || size.width() > sideLimit || size.height() > sideLimit)
         return {};
-    QBuffer buffer;
-    buffer.setData(bytes);
-    QImageReader reader(&buffer, format);
-    reader.setAutoDetectImageFormat(false);
     QImage picture = reader.read();
     if (picture.width() > sideLimit || picture.height() > sideLimit)
         return {};

@@ -1,8 +1,5 @@
 #include "platform/linux/icons/PictureFormat.h"
 
-#include <QBuffer>
-#include <QImageReader>
-
 #include <algorithm>
 #include <mutex>
 #include <string_view>
@@ -42,14 +39,16 @@ QByteArray pictureFormat(const QByteArray& bytes) {
     return {};
 }
 
-QSize pictureSize(const QByteArray& bytes, const QByteArray& format) {
-    if (format == "jpeg" && bytes.count(scanStart) > scanLimit)
-        return {};
-    QBuffer buffer;
-    buffer.setData(bytes);
-    QImageReader reader(&buffer, format);
-    reader.setAutoDetectImageFormat(false);
-    return reader.size();
+PictureReader::PictureReader(const QByteArray& bytes, const QByteArray& format)
+    : m_takesLong(format == "jpeg" && bytes.count(scanStart) > scanLimit) {
+    m_buffer.setData(bytes);
+    m_reader.setDevice(&m_buffer);
+    m_reader.setAutoDetectImageFormat(false);
+    m_reader.setFormat(format);
+}
+
+QSize PictureReader::size() const {
+    return m_takesLong ? QSize() : m_reader.size();
 }
 
 void limitPictureMemory() {

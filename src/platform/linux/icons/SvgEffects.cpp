@@ -266,7 +266,7 @@ private:
             return 0;
         }
         const QByteArray bytes = QByteArray::fromBase64(QStringView(address).sliced(comma + 1).toLatin1());
-        const QSize size = pictureSize(bytes, pictureFormat(bytes));
+        const QSize size = PictureReader(bytes, pictureFormat(bytes)).size();
         return static_cast<qint64>(size.width()) * size.height();
     }
 

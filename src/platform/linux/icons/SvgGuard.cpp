@@ -207,7 +207,7 @@ private:
         const QByteArray bytes = QByteArray::fromBase64(target.sliced(start + 7).toLatin1());
         const QByteArray format = pictureFormat(bytes);
         const QSize size =
-            format == "png" || format == "jpeg" || format == "webp" ? pictureSize(bytes, format) : QSize();
+            format == "png" || format == "jpeg" || format == "webp" ? PictureReader(bytes, format).size() : QSize();
         if (size.isEmpty())
             return refuse(SvgVerdict::pictureTooLarge);
         m_picturePixels += static_cast<qint64>(size.width()) * size.height();
