@@ -57,14 +57,17 @@ struct Figures {
     Histogram wheelFrames;
 };
 
-// Of what was painted at almost the same time, the end.
+// The server paints a frame in parts. What comes within 3 ms of the first counts as one, which is there with the last.
 std::vector<Clock::time_point> framesOf(const std::vector<DamageClock::Painting>& paintings) {
     std::vector<Clock::time_point> frames;
+    std::optional<Clock::time_point> begun;
     for (const DamageClock::Painting& painting : paintings) {
-        if (!frames.empty() && painting.at - frames.back() < 1ms)
+        if (begun && painting.at - *begun < 3ms) {
             frames.back() = painting.at;
-        else
+        } else {
+            begun = painting.at;
             frames.push_back(painting.at);
+        }
     }
     return frames;
 }

@@ -24,6 +24,10 @@ if(ZELMO_SANITIZERS)
     target_compile_options(zelmo_options INTERFACE
         -fsanitize=${ZELMO_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(zelmo_options INTERFACE -fsanitize=${ZELMO_SANITIZERS})
+    if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND ZELMO_SANITIZERS MATCHES undefined)
+        # Of two sanitizers in libraries of their own, only one learns where it is to report.
+        target_link_options(zelmo_options INTERFACE -static-libubsan)
+    endif()
     if(ZELMO_SANITIZERS MATCHES thread)
         # The compiler warns of each fence in its own library's headers; the sanitizer doesn't see fences.
         target_compile_options(zelmo_options INTERFACE -Wno-tsan)
@@ -40,7 +44,7 @@ function(zelmo_library name)
     target_precompile_headers(zelmo_${name} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/Precompiled.h)
 endfunction()
 
-# zelmo_test(<name> KIND unit|view|desktop SOURCES … LIBRARIES …)
+# zelmo_test(<name> KIND unit|view|desktop|soak SOURCES … LIBRARIES …)
 # One test program per subject. Unit and view tests run without a display.
 function(zelmo_test name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "KIND" "SOURCES;LIBRARIES")
@@ -48,18 +52,17 @@ function(zelmo_test name)
     target_link_libraries(${name} PRIVATE zelmo_options Qt6::Test ${arg_LIBRARIES})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
-    add_test(NAME ${arg_KIND}.${name} COMMAND ${name})
-    set(environment QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software LC_ALL=C.UTF-8)
-    if(ZELMO_SANITIZERS MATCHES address)
-        list(APPEND environment
-            LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/library-leaks.txt:print_suppressions=0)
-    elseif(ZELMO_SANITIZERS MATCHES thread)
-        list(APPEND environment TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/library-races.txt)
+    set(launcher)
+    set(timeout 120)
+    if(ZELMO_SANITIZERS)
+        set(launcher ${PROJECT_SOURCE_DIR}/cmake/sanitized-test)
+        set(timeout 600)
     endif()
+    add_test(NAME ${arg_KIND}.${name} COMMAND ${launcher} $<TARGET_FILE:${name}>)
     set_tests_properties(${arg_KIND}.${name} PROPERTIES
         LABELS ${arg_KIND}
-        TIMEOUT 120
-        ENVIRONMENT "${environment}")
+        TIMEOUT ${timeout}
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_QUICK_BACKEND=software;LC_ALL=C.UTF-8")
 endfunction()
 
 # zelmo_generated_qml(LIBRARY), after qt_add_qml_module for it. What the QML compiler writes is not ours to keep free of

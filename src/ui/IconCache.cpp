@@ -6,11 +6,14 @@
 
 #include <QMutexLocker>
 
+#include <chrono>
 #include <cmath>
 
 namespace zelmo {
 
 namespace {
+
+using namespace std::chrono_literals;
 
 // In points.
 ShadowStyle iconShadow(double scale) {
@@ -18,11 +21,15 @@ ShadowStyle iconShadow(double scale) {
 }
 
 constexpr int workerCount = 2;
+constexpr auto longestFrame = 50ms;
 
 } // namespace
 
 IconCache::IconCache(const IconSource& source, qsizetype byteLimit) : m_source(source), m_pictures(byteLimit) {
     m_workers.setMaxThreadCount(workerCount);
+    m_withoutFrame.setSingleShot(true);
+    m_withoutFrame.setInterval(longestFrame);
+    connect(&m_withoutFrame, &QTimer::timeout, this, &IconCache::begin);
 }
 
 IconCache::~IconCache() {
@@ -49,7 +56,15 @@ void IconCache::request(const IconRequest& request) {
         const QMutexLocker lock(&m_queueLock);
         m_queue.push_back(request);
     }
-    m_workers.start([this] { decodeNext(); });
+    ++m_held;
+    if (!m_withoutFrame.isActive())
+        m_withoutFrame.start();
+}
+
+void IconCache::begin() {
+    m_withoutFrame.stop();
+    for (; m_held > 0; --m_held)
+        m_workers.start([this] { decodeNext(); });
 }
 
 void IconCache::cancel(const IconRequest& request) {

@@ -8,6 +8,7 @@
 #include <QMutex>
 #include <QObject>
 #include <QThreadPool>
+#include <QTimer>
 
 #include <deque>
 
@@ -29,7 +30,8 @@ struct IconRequest {
 
 // Decoded icons with their shadow, most recently drawn ones kept, up to a limit in bytes. Decoding runs
 // on worker threads in the order of asking; what nobody waits for any more is not decoded, so what
-// is on the screen comes first. Everything public is for the main thread. Outlives the views.
+// is on the screen comes first. It begins when the frame that asked is drawn, which would otherwise share the
+// processors with it. Everything public is for the main thread. Outlives the views.
 class IconCache : public QObject {
     Q_OBJECT
 
@@ -47,6 +49,8 @@ public:
     // Has the picture decoded; `available` tells when `find` has it. Each call is met by one `cancel` or `available`.
     void request(const IconRequest& request);
     void cancel(const IconRequest& request);
+    // A frame is drawn: what was asked for is decoded now. Where no frame comes it is all the same, a moment later.
+    void begin();
 
     // How many pictures are waited for.
     int pendingCount() const { return static_cast<int>(m_waiting.size()); }
@@ -64,7 +68,9 @@ private:
     QHash<IconRequest, int> m_waiting; // how many wait for each
     QMutex m_queueLock;
     std::deque<IconRequest> m_queue; // guarded by m_queueLock
-    QThreadPool m_workers;           // last: its tasks end before anything they use
+    QTimer m_withoutFrame;
+    int m_held = 0;        // asked for since the last `begin`
+    QThreadPool m_workers; // last: its tasks end before anything they use
 };
 
 } // namespace zelmo

@@ -2,6 +2,7 @@
 
 #include "catalog/LauncherStore.h"
 #include "overlay/MotionPreference.h"
+#include "overlay/OverlayWindow.h"
 #include "ui/CategoryBarModel.h"
 #include "ui/DesktopBackdrop.h"
 #include "ui/DesktopPicture.h"
@@ -40,6 +41,7 @@ void WallContent::load(OverlayWindow& window) {
                                       {QStringLiteral("style"), QVariant::fromValue(m_style.get())},
                                       {QStringLiteral("icons"), QVariant::fromValue(&m_services.icons)},
                                       {QStringLiteral("backdrop"), QVariant::fromValue(m_backdrop.get())}});
+    QObject::connect(&window, &QQuickWindow::frameSwapped, &m_services.icons, &IconCache::begin);
 }
 
 void WallContent::putAway() {

@@ -40,9 +40,9 @@ private Q_SLOTS:
         QVERIFY(!store.overlayIsVisible());
         QVERIFY(!store.isEditingApps());
         QVERIFY(store.selectedAppIDs().isEmpty());
-        QCOMPARE(fixture.installed.scans, 0);
+        QCOMPARE(fixture.installed.scans(), 0);
         QTRY_COMPARE(store.apps().size(), 4);
-        QCOMPARE(fixture.installed.scans, 1);
+        QCOMPARE(fixture.installed.scans(), 1);
         QCOMPARE(fixture.overlaysMade, 0);
     }
 
@@ -52,10 +52,10 @@ private Q_SLOTS:
         QCOMPARE(fixture.folderWatcher.folders.size(), 1);
         fixture.installed.set({found(QStringLiteral("Chess"))});
         QTRY_COMPARE(names(fixture.store->apps()), QStringList{QStringLiteral("Chess")});
-        QCOMPARE(fixture.installed.scans, 2);
+        QCOMPARE(fixture.installed.scans(), 2);
         // The folders are the same, so it ends there.
         QTest::qWait(static_cast<int>(2 * RescanTimer::quietTime.count()));
-        QCOMPARE(fixture.installed.scans, 2);
+        QCOMPARE(fixture.installed.scans(), 2);
     }
 
     void appsStandInTheOrderOfTheirNames() {
@@ -81,10 +81,10 @@ private Q_SLOTS:
     void overlappingRefreshesAllRun() {
         StoreFixture fixture(fewApplications());
         fixture.waitForRest();
-        const int before = fixture.installed.scans;
+        const int before = fixture.installed.scans();
         for (int i = 0; i < 20; ++i)
             fixture.store->refresh();
-        QTRY_COMPARE(fixture.installed.scans, before + 20);
+        QTRY_COMPARE(fixture.installed.scans(), before + 20);
     }
 
     void aStoreCanGoWhileItScans() {
@@ -275,23 +275,23 @@ private Q_SLOTS:
     void aBurstOfChangesInTheFoldersIsOneScan() {
         StoreFixture fixture(fewApplications());
         fixture.waitForRest();
-        const int before = fixture.installed.scans;
+        const int before = fixture.installed.scans();
         fixture.installed.set({found(QStringLiteral("Chess"))});
         for (int i = 0; i < 10; ++i)
             fixture.folderWatcher.change();
-        QCOMPARE(fixture.installed.scans, before);
+        QCOMPARE(fixture.installed.scans(), before);
         QTRY_COMPARE(names(fixture.store->apps()), QStringList{QStringLiteral("Chess")});
-        QCOMPARE(fixture.installed.scans, before + 1);
+        QCOMPARE(fixture.installed.scans(), before + 1);
     }
 
     void foldersThatNeverRestAreScannedAllTheSame() {
         StoreFixture fixture(fewApplications());
         fixture.waitForRest();
-        const int before = fixture.installed.scans;
+        const int before = fixture.installed.scans();
         QTimer restless;
         connect(&restless, &QTimer::timeout, this, [&] { fixture.folderWatcher.change(); });
         restless.start(20);
-        QTRY_COMPARE_WITH_TIMEOUT(fixture.installed.scans, before + 2, 20000);
+        QTRY_COMPARE_WITH_TIMEOUT(fixture.installed.scans(), before + 2, 20000);
     }
 
     void anUnchangedScanIsNotPublished() {
@@ -300,7 +300,7 @@ private Q_SLOTS:
         QSignalSpy changed(fixture.store.get(), &LauncherStore::appsChanged);
         fixture.waitForRest();
         fixture.store->refresh();
-        QTRY_COMPARE(fixture.installed.scans, 3);
+        QTRY_COMPARE(fixture.installed.scans(), 3);
         fixture.installed.set({});
         fixture.store->refresh();
         QTRY_VERIFY(fixture.store->apps().isEmpty());

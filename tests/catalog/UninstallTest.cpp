@@ -104,7 +104,7 @@ private Q_SLOTS:
         Fixture fixture;
         QSignalSpy changes(fixture.store.get(), &LauncherStore::willChange);
         fixture.select({"Notes", "Chess"});
-        const int scans = fixture.installed.scans;
+        const int scans = fixture.installed.scans();
         fixture.store->hideSelectedAppsFromLauncher();
         QCOMPARE(fixture.log, (QStringList{QStringLiteral("alert Uninstall 2 apps?"), u"trash " + path("Chess"),
                                            u"trash " + path("Notes")}));
@@ -113,7 +113,7 @@ private Q_SLOTS:
         QCOMPARE(fixture.storedUsed(), QStringList{path("Mail")});
         QVERIFY(fixture.store->selectedAppIDs().isEmpty());
         QVERIFY(!fixture.store->isEditingApps());
-        QCOMPARE(fixture.installed.scans, scans);
+        QCOMPARE(fixture.installed.scans(), scans);
     }
 
     void whatIsInTheTrashStaysAwayWhenItsPathComesBack() {
@@ -198,11 +198,11 @@ private Q_SLOTS:
         fixture.select({"Chess"});
         fixture.store->hideSelectedAppsFromLauncher();
         QCOMPARE(fixture.store->apps().size(), 2);
-        const int scans = fixture.installed.scans;
+        const int scans = fixture.installed.scans();
         fixture.store->restoreHiddenApps();
         QVERIFY(fixture.storedHidden().isEmpty());
         QTRY_COMPARE(fixture.store->apps().size(), 3);
-        QCOMPARE(fixture.installed.scans, scans + 1);
+        QCOMPARE(fixture.installed.scans(), scans + 1);
         // Its use is forgotten for good.
         QVERIFY(!fixture.store->usageSummary(fixture.store->apps()[0]));
     }

@@ -220,13 +220,9 @@ private Q_SLOTS:
         fixture.store.log.removeOne(QStringLiteral("hide"));
         QTRY_COMPARE(fixture.store.log, QStringList{QStringLiteral("settings")});
         QVERIFY(fixture.store.waitForRest());
-        const int scans = fixture.store.installed.scans;
+        const int scans = fixture.store.installed.scans();
         click(refresh);
-        QTRY_COMPARE(([&] {
-                         const QMutexLocker guard(&fixture.store.installed.lock);
-                         return fixture.store.installed.scans;
-                     })(),
-                     scans + 1);
+        QTRY_COMPARE(fixture.store.installed.scans(), scans + 1);
         QCOMPARE(fixture.application.terminations, 0);
         click(quit);
         QCOMPARE(fixture.application.terminations, 1);

@@ -106,7 +106,7 @@ public:
 private:
     std::unique_ptr<LauncherStore> makeStore() {
         log.append(QStringLiteral("store"));
-        installed.applications = {found(QStringLiteral("Notes"))};
+        installed.set({found(QStringLiteral("Notes"))});
         std::vector<std::unique_ptr<ApplicationSource>> sources;
         sources.push_back(std::make_unique<FakeSource>(installed));
         return std::make_unique<LauncherStore>(
@@ -165,8 +165,7 @@ private Q_SLOTS:
         Fixture fixture;
         fixture.delegate().applicationDidFinishLaunching();
         {
-            // The scan can't end as long as this is locked.
-            const QMutexLocker scan(&fixture.installed.lock);
+            const auto heldScans = fixture.installed.holdScans();
             QTRY_VERIFY(fixture.app->launcherStore().overlayIsVisible());
             QTest::qWait(20);
             QVERIFY(fixture.app->launcherStore().apps().isEmpty());
@@ -186,7 +185,7 @@ private Q_SLOTS:
 
     void whatIsAskedFromOutsideIsDone() {
         Fixture fixture;
-        QTRY_COMPARE(fixture.installed.scans, 2);
+        QTRY_COMPARE(fixture.installed.scans(), 2);
         fixture.asked();
         fixture.delegate().handle(ApplicationRequest::activate);
         QCOMPARE(fixture.asked(), steps({"show"}));
@@ -194,7 +193,7 @@ private Q_SLOTS:
         QTRY_COMPARE(fixture.log, steps({"hide", "settings"}));
         fixture.asked();
         fixture.delegate().handle(ApplicationRequest::refresh);
-        QTRY_COMPARE(fixture.installed.scans, 3);
+        QTRY_COMPARE(fixture.installed.scans(), 3);
         QCOMPARE(fixture.asked(), QStringList());
         fixture.delegate().handle(ApplicationRequest::quit);
         QCOMPARE(fixture.asked(), steps({"terminate"}));

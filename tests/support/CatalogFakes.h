@@ -110,24 +110,36 @@ private:
     QStringList& m_log;
 };
 
-struct FakeInstalled {
-    QMutex lock;
-    QList<FoundApplication> applications;
-    int scans = 0;
-
-    void set(const QList<FoundApplication>& list) {
-        const QMutexLocker guard(&lock);
-        applications = list;
+// Scans ask on threads of their own.
+class FakeInstalled {
+public:
+    void set(const QList<FoundApplication>& applications) {
+        const QMutexLocker guard(&m_lock);
+        m_applications = applications;
     }
+    // No scan ends as long as this is kept.
+    [[nodiscard]] QMutexLocker<QMutex> holdScans() { return QMutexLocker(&m_lock); }
+    QList<FoundApplication> scan() {
+        const QMutexLocker guard(&m_lock);
+        ++m_scans;
+        return m_applications;
+    }
+    int scans() const {
+        const QMutexLocker guard(&m_lock);
+        return m_scans;
+    }
+
+private:
+    mutable QMutex m_lock;
+    QList<FoundApplication> m_applications;
+    int m_scans = 0;
 };
 
 class FakeSource : public ApplicationSource {
 public:
     explicit FakeSource(FakeInstalled& installed) : m_installed(installed) {}
     ApplicationListing list() const override {
-        const QMutexLocker guard(&m_installed.lock);
-        ++m_installed.scans;
-        return {m_installed.applications, {FileUrl::fromPath(QStringLiteral("/Applications"))}};
+        return {m_installed.scan(), {FileUrl::fromPath(QStringLiteral("/Applications"))}};
     }
 
 private:
@@ -155,7 +167,7 @@ public:
                           const QLocale& locale = QLocale(QLocale::English),
                           const std::optional<RunningApplication>& frontmost = std::nullopt) {
         workspace.frontmost = frontmost;
-        installed.applications = applications;
+        installed.set(applications);
         storage.values = values;
         preferences = std::make_unique<Preferences>(storage);
         std::vector<std::unique_ptr<ApplicationSource>> sources;
@@ -180,10 +192,7 @@ public:
 
     // The first scan and the one that follows once its folders are watched are over.
     bool waitForRest() {
-        const bool bothBegan = QTest::qWaitFor([this] {
-            const QMutexLocker guard(&installed.lock);
-            return installed.scans >= 2;
-        });
+        const bool bothBegan = QTest::qWaitFor([this] { return installed.scans() >= 2; });
         // What they found is still to be published.
         store->findChild<QThreadPool*>()->waitForDone();
         QCoreApplication::processEvents();

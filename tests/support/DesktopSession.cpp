@@ -17,9 +17,13 @@ namespace zelmo::test {
 
 namespace {
 
-constexpr int longestWait = 15000;
+constexpr qint64 longestWait = 15000;
+// Between two looks at what is waited for. Where more has passed, the machine stood still, and nothing could come
+// about.
+constexpr qint64 longestStep = 1000;
 constexpr uid_t ordinaryUser = 65534;
 constexpr gid_t ordinaryGroup = 65534;
+const QString dataFoldersVariable = QStringLiteral("XDG_DATA_DIRS");
 
 // A window of our own, there for nothing but to be managed.
 class ProbeWindow {
@@ -83,7 +87,8 @@ std::unique_ptr<DesktopSession> DesktopSession::start(const DesktopOptions& opti
         (options.compositor == Compositor::picom && !session->startCompositor()))
         return nullptr;
     // After the services, which find their own data in the system's folders.
-    session->m_environment.insert(QStringLiteral("XDG_DATA_DIRS"), home + QStringLiteral("/share"));
+    session->m_serviceDataFolders = session->m_environment.value(dataFoldersVariable);
+    session->m_environment.insert(dataFoldersVariable, home + QStringLiteral("/share"));
     return session;
 }
 
@@ -91,8 +96,10 @@ DesktopSession::~DesktopSession() {
     for (const auto& program : m_programs) {
         if (program->state() != QProcess::NotRunning) {
             program->terminate();
-            if (!program->waitForFinished(5000))
+            if (!program->waitForFinished(longestWait)) {
+                qWarning("%s does not end when it is told to", qPrintable(program->program()));
                 program->kill();
+            }
         }
     }
     m_programs.clear();
@@ -107,17 +114,58 @@ DesktopSession::~DesktopSession() {
 
 void DesktopSession::stopWindowManager() const {
     const auto process = static_cast<pid_t>(m_windowManager->processId());
-    kill(process, SIGSTOP);
+    ::kill(process, SIGSTOP);
     // Stopped while it has the server to itself, it would stop everyone.
     while (!m_display->serverAnswers()) {
-        kill(process, SIGCONT);
+        ::kill(process, SIGCONT);
         m_display->synchronize();
-        kill(process, SIGSTOP);
+        ::kill(process, SIGSTOP);
     }
 }
 
 void DesktopSession::continueWindowManager() const {
-    kill(static_cast<pid_t>(m_windowManager->processId()), SIGCONT);
+    ::kill(static_cast<pid_t>(m_windowManager->processId()), SIGCONT);
+}
+
+QProcess* DesktopSession::processOf(DesktopPart part) const {
+    switch (part) {
+    case DesktopPart::windowManager:
+        return m_windowManager.get();
+    case DesktopPart::compositor:
+        return m_compositor.get();
+    case DesktopPart::bus:
+        return m_bus.get();
+    }
+    return nullptr;
+}
+
+void DesktopSession::kill(DesktopPart part) {
+    QProcess* process = processOf(part);
+    process->kill();
+    process->waitForFinished(5000);
+}
+
+bool DesktopSession::startAgain(DesktopPart part, BusPlace place) {
+    const QString dataFolders = m_environment.value(dataFoldersVariable);
+    m_environment.insert(dataFoldersVariable, m_serviceDataFolders);
+    const bool isUp = startPart(part, place);
+    m_environment.insert(dataFoldersVariable, dataFolders);
+    return isUp;
+}
+
+bool DesktopSession::startPart(DesktopPart part, BusPlace place) {
+    switch (part) {
+    case DesktopPart::windowManager:
+        return startWindowManager(m_windowManagerName);
+    case DesktopPart::compositor:
+        return startCompositor();
+    case DesktopPart::bus:
+        // The rest of the address names the bus itself, and this one is another.
+        return startBus(place == BusPlace::same ? m_environment.value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"))
+                                                      .section(QStringLiteral(",guid="), 0, 0)
+                                                : QString());
+    }
+    return false;
 }
 
 void DesktopSession::endServer() {
@@ -157,10 +205,10 @@ QProcess& DesktopSession::startProgram(const QString& program, const QStringList
 }
 
 bool DesktopSession::waitFor(const std::function<bool()>& condition) {
-    QElapsedTimer timer;
-    timer.start();
-    while (!condition()) {
-        if (timer.hasExpired(longestWait))
+    QElapsedTimer sinceLastLook;
+    sinceLastLook.start();
+    for (qint64 waited = 0; !condition(); waited += std::min(sinceLastLook.restart(), longestStep)) {
+        if (waited >= longestWait)
             return false;
         QCoreApplication::processEvents();
         QThread::msleep(2);
@@ -233,22 +281,24 @@ bool DesktopSession::startServer(const DesktopOptions& options) {
     return m_display != nullptr;
 }
 
-bool DesktopSession::startBus() {
+bool DesktopSession::startBus(const QString& address) {
     auto bus = std::make_unique<QProcess>();
     prepare(*bus);
     bus->setStandardErrorFile(home() + QStringLiteral("/bus.log"));
-    bus->start(QStringLiteral("dbus-daemon"),
-               {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1")});
-    QByteArray address;
+    QStringList arguments{QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1")};
+    if (!address.isEmpty())
+        arguments.append(QStringLiteral("--address=") + address);
+    bus->start(QStringLiteral("dbus-daemon"), arguments);
+    QByteArray printed;
     if (!bus->waitForStarted() || !waitFor([&] {
             bus->waitForReadyRead(20);
-            address += bus->readAllStandardOutput();
-            return address.endsWith('\n');
+            printed += bus->readAllStandardOutput();
+            return printed.endsWith('\n');
         })) {
         qWarning("no session bus starts");
         return false;
     }
-    m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QString::fromLatin1(address.trimmed()));
+    m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QString::fromLatin1(printed.trimmed()));
     m_bus = std::move(bus);
     return true;
 }

@@ -22,6 +22,12 @@ enum class DesktopUser { same, ordinary };
 // Whether the X server lets programs share memory with it; across a network it does not.
 enum class SharedMemory { offered, missing };
 
+// What else runs on a desktop beside its programs.
+enum class DesktopPart { windowManager, compositor, bus };
+
+// Where a bus that is started again is to be found: where programs know it, or where they can't.
+enum class BusPlace { same, another };
+
 // What puts the windows on the screen: the X server, or picom, from the contents of each.
 enum class Compositor { none, picom };
 
@@ -56,6 +62,10 @@ public:
     // The window manager sleeps until it is woken, in a moment in which nobody waits for it.
     void stopWindowManager() const;
     void continueWindowManager() const;
+    // As when it crashes.
+    void kill(DesktopPart part);
+    // After that, until it is ready to serve.
+    bool startAgain(DesktopPart part, BusPlace place = BusPlace::same);
     // For programs that are started on this desktop from now on.
     QProcessEnvironment& environment() { return m_environment; }
     // As when the user logs out in the hard way.
@@ -78,9 +88,12 @@ private:
     DesktopSession() = default;
 
     bool startServer(const DesktopOptions& options);
-    bool startBus();
+    // At an address; at a new one when it is empty.
+    bool startBus(const QString& address = {});
     bool startWindowManager(const QString& program);
     bool startCompositor();
+    bool startPart(DesktopPart part, BusPlace place);
+    QProcess* processOf(DesktopPart part) const;
     void prepare(QProcess& process) const;
     void giveToUser(const QString& path) const;
     std::unique_ptr<QProcess> spawn(const QString& program, const QStringList& arguments) const;
@@ -90,6 +103,8 @@ private:
     QProcessEnvironment m_environment;
     QString m_displayName;
     QString m_windowManagerName;
+    // Where services find their own data; nothing means the system's.
+    QString m_serviceDataFolders;
     std::unique_ptr<QProcess> m_server;
     std::unique_ptr<QProcess> m_bus;
     std::unique_ptr<QProcess> m_windowManager;

@@ -121,9 +121,13 @@ void removeMonitor(const XDisplay& display, Monitor monitor) {
     setMonitor(display, nameOf(display, other), Output::has, half(display, other));
 }
 
+void addSecondMonitor(const XDisplay& display, Monitor monitor, const QRect& area) {
+    setMonitor(display, nameOf(display, monitor), Output::lacks, area);
+}
+
 void moveSecondMonitor(const XDisplay& display, Monitor monitor, const QRect& area) {
     deleteMonitor(display, monitor);
-    setMonitor(display, nameOf(display, monitor), Output::lacks, area);
+    addSecondMonitor(display, monitor, area);
 }
 
 void renameSecondMonitor(const XDisplay& display, Monitor monitor, std::string_view name) {

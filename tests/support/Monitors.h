@@ -14,6 +14,8 @@ enum class Monitor { left, right };
 void divideScreen(const XDisplay& display, Monitor primary);
 // Unplugs one of two. When it is the primary, the server can't but unplug both and plug the other one in again.
 void removeMonitor(const XDisplay& display, Monitor monitor);
+// Plugs in a second one.
+void addSecondMonitor(const XDisplay& display, Monitor monitor, const QRect& area);
 // Unplugs the one that is not the primary and plugs it in again elsewhere, on the desktop or not.
 void moveSecondMonitor(const XDisplay& display, Monitor monitor, const QRect& area);
 // Gives the one that is not the primary another name.

@@ -57,7 +57,8 @@ XDisplay::~XDisplay() {
 }
 
 QSize XDisplay::size() const {
-    return {m_screen->width_in_pixels, m_screen->height_in_pixels};
+    const auto screen = geometry(root());
+    return screen ? screen->size() : QSize();
 }
 
 std::optional<xcb_window_t> XDisplay::viewableWindow(const QString& title) const {

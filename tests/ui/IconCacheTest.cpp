@@ -13,6 +13,7 @@ namespace {
 class FakeIconSource : public IconSource {
 public:
     QImage icon(const AppIcon& icon, int points, double scale) const override {
+        asked.release();
         gate.acquire();
         {
             const QMutexLocker guard(&lock);
@@ -26,6 +27,7 @@ public:
         return image;
     }
 
+    mutable QSemaphore asked; // as often as it was
     mutable QSemaphore gate{1000};
     mutable QMutex lock;
     mutable QStringList decoded;
@@ -87,6 +89,25 @@ private Q_SLOTS:
         QVERIFY(!cache.find(request("blue")).isNull());
         QVERIFY(!source.decoded.contains(QStringLiteral("white")));
         QCOMPARE(source.decoded.size(), 3);
+    }
+
+    // The frame that asks has the processors to itself.
+    void decodingBeginsWhenTheFrameIsDrawn() {
+        const FakeIconSource source;
+        IconCache cache(source);
+        cache.request(request("red"));
+        QVERIFY(!source.asked.tryAcquire(1, 40));
+        cache.begin();
+        // No event is handled meanwhile, so nothing else has begun it.
+        QVERIFY(source.asked.tryAcquire(1, 15000));
+        QTRY_VERIFY(!cache.find(request("red")).isNull());
+    }
+
+    void aRequestWithoutAFrameIsDecodedAllTheSame() {
+        const FakeIconSource source;
+        IconCache cache(source);
+        cache.request(request("red"));
+        QTRY_VERIFY(!cache.find(request("red")).isNull());
     }
 
     void oneDecodingServesAllWhoWait() {

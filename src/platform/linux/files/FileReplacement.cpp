@@ -113,7 +113,7 @@ bool FileReplacement::prepare(const QByteArray& contents) {
         return false;
     struct stat existing {};
     if (lstat(m_target.constData(), &existing) == 0 && S_ISREG(existing.st_mode) &&
-        fchmod(m_file, existing.st_mode & 0777) != 0)
+        fchmod(m_file, (existing.st_mode & 0777) | S_IRUSR) != 0)
         return false;
     return fsync(m_file) == 0;
 }

@@ -18,8 +18,8 @@ public:
     FileReplacement(const FileReplacement&) = delete;
     FileReplacement& operator=(const FileReplacement&) = delete;
 
-    // Stores the contents beside the target, with the permissions of the file that it replaces, and
-    // waits until they are on disk. Missing folders are made for the owner alone.
+    // Stores the contents beside the target, with the permissions of the file that it replaces, though its owner may
+    // read it in any case, and waits until they are on disk. Missing folders are made for the owner alone.
     bool prepare(const QByteArray& contents);
     // Puts what was prepared in the target's place.
     bool commit();

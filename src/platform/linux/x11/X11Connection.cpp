@@ -77,6 +77,9 @@ QList<std::uint32_t> X11Connection::numbers(xcb_window_t window, const QByteArra
     constexpr std::uint32_t manyNumbers = 64 * 1024;
     const QByteArray bytes = property(window, name, 32, manyNumbers);
     QList<std::uint32_t> list(bytes.size() / static_cast<qsizetype>(sizeof(std::uint32_t)));
+    // Without numbers there is no place for them either.
+    if (list.isEmpty())
+        return list;
     std::memcpy(list.data(), bytes.constData(), static_cast<std::size_t>(list.size()) * sizeof(std::uint32_t));
     return list;
 }

@@ -77,6 +77,11 @@ LaunchFixture::LaunchFixture() : m_record(m_folder.path("record")), m_otherChild
     setVariable("XDG_DATA_DIRS", m_folder.path("data"));
     setVariable("LC_ALL", "C.UTF-8");
     setVariable("ZELMO_TEST_RECORD", m_record);
+    // Where the sanitizers are to report.
+    for (const char* name : {"ASAN_OPTIONS", "LSAN_OPTIONS", "TSAN_OPTIONS", "UBSAN_OPTIONS"}) {
+        if (qEnvironmentVariableIsSet(name))
+            setVariable(name, qgetenv(name));
+    }
     m_program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
 }
 

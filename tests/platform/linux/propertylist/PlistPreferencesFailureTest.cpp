@@ -130,6 +130,21 @@ private Q_SLOTS:
         QVERIFY(TemporaryFolder::contentsOf(folder.path("p.plist")).contains("2024-02-29T12:00:00Z"));
     }
 
+    void aFileThatMayNotBeReadIsFollowedByOneThatMay() {
+        const TemporaryFolder folder;
+        chmod(folder.path().constData(), 0777);
+        const OrdinaryUser user;
+        folder.writeFile("p.plist", soundContents);
+        PlistPreferencesFile file(folder.url("p.plist"));
+        QCOMPARE(file.read().size(), 1);
+        chmod(folder.path("p.plist").constData(), 0);
+        expectSetAside(folder.path("p.plist.unreadable"));
+        QVERIFY(file.write({{nameOf(Key::searchFontSize), 20.0}}));
+        QCOMPARE(storedIn(folder.url("p.plist")).size(), 2);
+        QVERIFY(file.write({{nameOf(Key::searchFontSize), 21.0}}));
+        QCOMPARE(entriesOf(folder.path()).size(), 2);
+    }
+
     void aFileThatIsMendedBeforeTheNextWriteIsNotSetAside() {
         const TemporaryFolder folder;
         folder.writeFile("p.plist", soundContents);
