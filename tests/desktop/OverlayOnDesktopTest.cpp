@@ -162,15 +162,23 @@ private Q_SLOTS:
         QVERIFY(waitForPixel(*session, {300, 700}, [](QColor color) { return color == QColor(Qt::red); }));
         const WallOnScreen wall(*session);
         QVERIFY(wall.waitUntilPainted());
-        QVERIFY(session->display().typeKey(escapeKey));
         bool wasOnItsWay = false;
-        QVERIFY(DesktopSession::waitFor([&] {
-            const QImage screen = session->display().screenshot();
-            const bool bottomIsFree = screen.pixelColor(20, 780) == QColor(Qt::red);
-            const bool topIsFree = screen.pixelColor(640, 60) == QColor(Qt::red);
-            wasOnItsWay = wasOnItsWay || (bottomIsFree && !topIsFree);
-            return bottomIsFree && topIsFree;
-        }));
+        // On a machine that is busy elsewhere, all of the way may lie between two looks at the screen.
+        for (int attempt = 0; attempt < 10 && !wasOnItsWay; ++attempt) {
+            if (attempt > 0) {
+                QVERIFY(wall.waitUntilGone());
+                wall.pressShortcut(altKey);
+                QVERIFY(wall.waitUntilPainted());
+            }
+            QVERIFY(session->display().typeKey(escapeKey));
+            QVERIFY(DesktopSession::waitFor([&] {
+                const QImage screen = session->display().screenshot();
+                const bool bottomIsFree = screen.pixelColor(20, 780) == QColor(Qt::red);
+                const bool topIsFree = screen.pixelColor(640, 60) == QColor(Qt::red);
+                wasOnItsWay = wasOnItsWay || (bottomIsFree && !topIsFree);
+                return bottomIsFree && topIsFree;
+            }));
+        }
         QVERIFY(wasOnItsWay);
     }
 
