@@ -67,8 +67,6 @@ std::vector<Change> movesToAscending(std::vector<int> kept, int offset) {
         const auto inOrder = std::lower_bound(order.begin(), order.end(), mover);
         const auto to = inOrder == order.begin() ? kept.begin()
                                                  : std::next(std::find(kept.begin(), kept.end(), *std::prev(inOrder)));
-        if (to == from)
-            continue;
         moves.push_back({.kind = Change::Kind::move,
                          .first = offset + static_cast<int>(from - kept.begin()),
                          .count = 1,

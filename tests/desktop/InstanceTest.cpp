@@ -2,6 +2,9 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QScopeGuard>
+
+#include <csignal>
 
 using namespace zelmo::test;
 
@@ -105,6 +108,26 @@ private Q_SLOTS:
         }
         const WallOnScreen wall(*session);
         QVERIFY(wall.waitForCards(1));
+        QCOMPARE(wall.process.state(), QProcess::Running);
+    }
+
+    void aStartBesideAProgramThatHangsSaysSo_data() { buses(); }
+    void aStartBesideAProgramThatHangsSaysSo() {
+        QFETCH(Bus, bus);
+        const auto session = startDesktop(bus);
+        QVERIFY(session);
+        const WallOnScreen wall(*session);
+        QVERIFY(wall.waitForCards(1));
+        const auto process = static_cast<pid_t>(wall.process.processId());
+        QCOMPARE(kill(process, SIGSTOP), 0);
+        const auto wake = qScopeGuard([&] { kill(process, SIGCONT); });
+        QProcess second;
+        second.setProcessEnvironment(session->environment());
+        second.start(QStringLiteral(ZELMO_PROGRAM), QStringList());
+        QVERIFY(DesktopSession::waitFor([&] { return second.state() == QProcess::NotRunning; }));
+        QCOMPARE(second.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(second.exitCode(), EXIT_FAILURE);
+        QVERIFY(second.readAllStandardError().contains("running already, but does not answer"));
         QCOMPARE(wall.process.state(), QProcess::Running);
     }
 

@@ -17,6 +17,16 @@ Sides sidesOf(const DesktopSession& session) {
     return {screen.pixelColor(12, y), screen.pixelColor(screen.width() - 30, y)};
 }
 
+// How often the red changes along the lower edge, where nothing of the wall is in front of its background.
+int stepsBetween(const DesktopSession& session, int left, int right) {
+    const QImage screen = session.display().screenshot();
+    const int y = screen.height() - 5;
+    int steps = 0;
+    for (int x = left; x < right; x += 10)
+        steps += screen.pixelColor(x, y).red() != screen.pixelColor(x + 10, y).red();
+    return steps;
+}
+
 bool isReddish(QColor color) {
     return color.red() > color.blue() + 40 && color.red() > color.green() + 40;
 }
@@ -57,16 +67,13 @@ private Q_SLOTS:
         QProcess& red = paint(*session, "red", {0, 0, 700, 1000});
         QVERIFY(waitForPixel(*session, {300, 500}, [](QColor color) { return color == QColor(Qt::red); }));
         const WallOnScreen wall(*session);
+        QVERIFY(wall.waitUntilShown());
+        // Softly from one to the other.
+        QVERIFY(DesktopSession::waitFor([&] { return stepsBetween(*session, 560, 840) > 4; }));
         QVERIFY(wall.waitUntilPainted());
         const Sides first = sidesOf(*session);
         QVERIFY(isReddish(first.left));
         QVERIFY(!isReddish(first.right));
-        // Softly from one to the other.
-        const QImage screen = session->display().screenshot();
-        int steps = 0;
-        for (int x = 560; x < 840; x += 10)
-            steps += screen.pixelColor(x, 995).red() != screen.pixelColor(x + 10, 995).red();
-        QVERIFY2(steps > 4, qPrintable(QString::number(steps)));
 
         QVERIFY(wall.hide());
         red.terminate();
@@ -155,15 +162,23 @@ private Q_SLOTS:
         QVERIFY(waitForPixel(*session, {300, 700}, [](QColor color) { return color == QColor(Qt::red); }));
         const WallOnScreen wall(*session);
         QVERIFY(wall.waitUntilPainted());
-        QVERIFY(session->display().typeKey(escapeKey));
         bool wasOnItsWay = false;
-        QVERIFY(DesktopSession::waitFor([&] {
-            const QImage screen = session->display().screenshot();
-            const bool bottomIsFree = screen.pixelColor(20, 780) == QColor(Qt::red);
-            const bool topIsFree = screen.pixelColor(640, 60) == QColor(Qt::red);
-            wasOnItsWay = wasOnItsWay || (bottomIsFree && !topIsFree);
-            return bottomIsFree && topIsFree;
-        }));
+        // On a machine that is busy elsewhere, all of the way may lie between two looks at the screen.
+        for (int attempt = 0; attempt < 10 && !wasOnItsWay; ++attempt) {
+            if (attempt > 0) {
+                QVERIFY(wall.waitUntilGone());
+                wall.pressShortcut(altKey);
+                QVERIFY(wall.waitUntilPainted());
+            }
+            QVERIFY(session->display().typeKey(escapeKey));
+            QVERIFY(DesktopSession::waitFor([&] {
+                const QImage screen = session->display().screenshot();
+                const bool bottomIsFree = screen.pixelColor(20, 780) == QColor(Qt::red);
+                const bool topIsFree = screen.pixelColor(640, 60) == QColor(Qt::red);
+                wasOnItsWay = wasOnItsWay || (bottomIsFree && !topIsFree);
+                return bottomIsFree && topIsFree;
+            }));
+        }
         QVERIFY(wasOnItsWay);
     }
 

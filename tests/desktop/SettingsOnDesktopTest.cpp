@@ -91,7 +91,7 @@ private Q_SLOTS:
                 settings.session->home().toUtf8() +
                 "/.local/share/applications/Mail.desktop</string></array></dict></plist>");
         QVERIFY(settings.start(1));
-        QVERIFY(settings.open());
+        QVERIFY(settings.openFromTheWall());
         settings.typeWith(shiftKey, tabKey, 2);
         settings.type(spaceKey);
         QVERIFY(DesktopSession::waitFor([&] { return !settings.stored().contains("Mail.desktop"); }));
@@ -106,7 +106,7 @@ private Q_SLOTS:
         QVERIFY(settings.start(2));
         const OtherProgram other(settings.session->displayName());
         QVERIFY(other.grabKey(spaceCode, XCB_MOD_MASK_CONTROL));
-        QVERIFY(settings.open());
+        QVERIFY(settings.openFromTheWall());
         settings.typeWith(shiftKey, tabKey, 3);
         // The end of the form, with its coloured circles.
         QVERIFY(DesktopSession::waitFor([&] { return settings.runsOfControls().size() == 1; }));

@@ -56,8 +56,15 @@ public:
         });
     }
     // With its form painted and ready for keys.
-    bool open() {
-        return ask() && waitUntilShown() && DesktopSession::waitFor([this] { return runsOfControls().size() >= 2; });
+    bool waitUntilReady() const {
+        return waitUntilShown() && DesktopSession::waitFor([this] { return runsOfControls().size() >= 2; });
+    }
+    bool open() { return ask() && waitUntilReady(); }
+    // The wall shrinks, seen or not, when the settings open, and goes at the end of that even if it is shown again
+    // before. Who shows it afterwards opens them from the wall, where the end is to be seen.
+    bool openFromTheWall() {
+        wall->pressShortcut(altKey);
+        return wall->waitUntilShown() && ask() && wall->waitUntilGone() && waitUntilReady();
     }
     bool waitUntilGone() const {
         return DesktopSession::waitFor([this] { return !window().has_value(); });

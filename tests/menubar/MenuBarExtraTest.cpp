@@ -103,6 +103,11 @@ private Q_SLOTS:
         menu[2].choose();
         QCOMPARE(menu[2].mark, StatusMenuMark::off);
 
+        QVERIFY(fixture.store.waitForRest());
+        const int scans = fixture.store.installed.scans();
+        menu[3].choose();
+        QTRY_COMPARE(fixture.store.installed.scans(), scans + 1);
+
         fixture.store.log.clear();
         menu[4].choose();
         fixture.store.log.removeOne(QStringLiteral("hide"));

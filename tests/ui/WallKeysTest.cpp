@@ -3,6 +3,15 @@
 using namespace zelmo;
 using namespace zelmo::test;
 
+namespace {
+
+bool isInSight(Keys& keys, int number) {
+    const QQuickItem* card = keys.wall.card(number);
+    return card && keys.wall.place(keys.wall.area()).contains(keys.wall.place(card));
+}
+
+} // namespace
+
 class WallKeysTest : public QObject {
     Q_OBJECT
 
@@ -68,17 +77,13 @@ private Q_SLOTS:
         keys.press(Qt::Key_Down);
         keys.press(Qt::Key_Down);
         QCOMPARE(keys.press(Qt::Key_End), app(399));
-        const auto isInSight = [&](int number) {
-            const QRectF area = keys.wall.place(keys.wall.area());
-            return area.contains(keys.wall.place(keys.wall.card(number)));
-        };
-        QVERIFY(isInSight(399));
+        QVERIFY(isInSight(keys, 399));
         QCOMPARE(keys.press(Qt::Key_Home), app(0));
-        QVERIFY(isInSight(0));
+        QVERIFY(isInSight(keys, 0));
         QCOMPARE(number(keys.wall.area(), "contentY"), 0.0);
         const QString nextPage = keys.press(Qt::Key_PageDown);
         QVERIFY(nextPage > app(5) && nextPage < app(40));
-        QVERIFY(isInSight(nextPage.mid(4).toInt()));
+        QVERIFY(isInSight(keys, nextPage.mid(4).toInt()));
         // In the same column.
         QCOMPARE(nextPage.mid(4).toInt() % 6, 0);
         QCOMPARE(keys.press(Qt::Key_PageUp), app(0));
@@ -208,6 +213,33 @@ private Q_SLOTS:
         keys.wall.store.installed.set({});
         keys.wall.store.store->refresh();
         QTRY_COMPARE(focused(keys.wall), QStringLiteral("search"));
+    }
+
+    void theFocusStaysOnACardThatIsScrolledAway() {
+        Keys keys(400);
+        QVERIFY(keys.isReady());
+        keys.wall.store.waitForRest();
+        keys.press(Qt::Key_Down);
+        keys.press(Qt::Key_Down);
+        QCOMPARE(keys.press(Qt::Key_Right), app(1));
+        const auto scrollAway = [&] {
+            keys.wall.area()->setProperty("contentY", 3000);
+            keys.wall.settle();
+            return !isInSight(keys, focused(keys.wall).mid(4).toInt());
+        };
+        QVERIFY(scrollAway());
+        QCOMPARE(focused(keys.wall), app(1));
+        // Keys go on from there.
+        QCOMPARE(keys.press(Qt::Key_Right), app(2));
+        QVERIFY(isInSight(keys, 2));
+        // One that goes meanwhile leaves it to the one that takes its place.
+        QVERIFY(scrollAway());
+        QList<FoundApplication> fewer = applications(400);
+        fewer.remove(2);
+        keys.wall.store.installed.set(fewer);
+        keys.wall.store.store->refresh();
+        QTRY_COMPARE(focused(keys.wall), app(3));
+        QVERIFY(isInSight(keys, 3));
     }
 
     void theSearchHasTheFocusEachTimeThatTheWallIsShown() {

@@ -79,6 +79,35 @@ private Q_SLOTS:
         QCOMPARE(rows(model), (QStringList{QStringLiteral("Notebook"), QStringLiteral("Safari")}));
     }
 
+    void anApplicationThatTakesAnotherPlaceIsAMovedRow() {
+        const QStringList before{QStringLiteral("Mail"), QStringLiteral("Notes"), QStringLiteral("Safari")};
+        QList<FoundApplication> installed;
+        for (const QString& name : before)
+            installed.append(found(name));
+        StoreFixture fixture(installed);
+        WallModel model(*fixture.store);
+        QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        QTRY_COMPARE(rows(model), before);
+        QSignalSpy moved(&model, &QAbstractItemModel::rowsMoved);
+        QSignalSpy removed(&model, &QAbstractItemModel::rowsRemoved);
+        const QPersistentModelIndex mail(model.index(0));
+        const auto rename = [&](const QString& name, int row, const QStringList& after) {
+            moved.clear();
+            installed[0].name = name;
+            fixture.installed.set(installed);
+            fixture.store->refresh();
+            QTRY_COMPARE(rows(model), after);
+            QCOMPARE(moved.count(), 1);
+            QCOMPARE(removed.count(), 0);
+            QCOMPARE(mail.row(), row);
+        };
+        rename(QStringLiteral("Post"), 1, {QStringLiteral("Notes"), QStringLiteral("Post"), QStringLiteral("Safari")});
+        rename(QStringLiteral("Telegrams"), 2,
+               {QStringLiteral("Notes"), QStringLiteral("Safari"), QStringLiteral("Telegrams")});
+        rename(QStringLiteral("Letters"), 0,
+               {QStringLiteral("Letters"), QStringLiteral("Notes"), QStringLiteral("Safari")});
+    }
+
     void rowsGiveWhatACardShows() {
         StoreFixture fixture({found(QStringLiteral("Compiler"), "public.app-category.developer-tools")});
         WallModel model(*fixture.store);

@@ -198,13 +198,17 @@ void StatusNotifierItem::takeName() {
         return;
     }
     constexpr uint doNotQueue = 4;
-    tellBus(*m_bus, busMethod(QStringLiteral("RequestName"), {itemName(), doNotQueue}), this, [this](bool isDone) {
-        m_hasName = isDone;
-        if (isDone)
-            registerItem();
-        else
-            setHosting(NotifierHosting::absent);
-    });
+    askBus(*m_bus, busMethod(QStringLiteral("RequestName"), {itemName(), doNotQueue}), QLatin1StringView("u"), this,
+           [this](const QVariant& answer) {
+               // That another program has it is an answer too: processes in a container have the numbers of others.
+               constexpr uint newOwner = 1;
+               constexpr uint alreadyOwner = 4;
+               m_hasName = answer == newOwner || answer == alreadyOwner;
+               if (m_hasName)
+                   registerItem();
+               else
+                   setHosting(NotifierHosting::absent);
+           });
 }
 
 void StatusNotifierItem::registerItem() {

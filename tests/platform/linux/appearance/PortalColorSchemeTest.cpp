@@ -3,6 +3,7 @@
 #include "session/PrivateBus.h"
 
 #include <QDBusArgument>
+#include <QDBusConnectionInterface>
 #include <QDBusMetaType>
 #include <QTest>
 
@@ -153,10 +154,33 @@ private Q_SLOTS:
         QCOMPARE(observed.changes, 3);
     }
 
+    void aPortalThatTakesThePlaceOfAnotherIsAsked() {
+        const PrivateBus bus;
+        std::optional<FakePortal> portal(bus);
+        portal->answer({{QStringLiteral("color-scheme"), scheme(2)}});
+        Observed observed(bus.address());
+        QVERIFY(observed.waitForChange());
+        QCOMPARE(observed.colors.wish(), SchemeWish::light);
+        portal.reset();
+        portal.emplace(bus);
+        portal->answer({{QStringLiteral("color-scheme"), scheme(1)}});
+        QVERIFY(observed.waitForChange());
+        QCOMPARE(observed.colors.wish(), SchemeWish::dark);
+    }
+
     void aPortalThatComesLaterIsAsked() {
         const PrivateBus bus;
         bus.makeStartable(serviceName);
         Observed observed(bus.address());
+        const auto isOnBus = [&] {
+            const QStringList names = bus.services().interface()->registeredServiceNames();
+            return std::count_if(names.cbegin(), names.cend(),
+                                 [](const QString& name) { return name.startsWith(u':'); }) > 1;
+        };
+        QVERIFY(QTest::qWaitFor(isOnBus));
+        // Once greeted it asks in the same turn, and nobody is there to answer.
+        QTest::qWait(0);
+        QVERIFY(isOnBus());
         FakePortal portal(bus);
         portal.answer({{QStringLiteral("color-scheme"), scheme(1)}});
         QVERIFY(observed.waitForChange());

@@ -1,8 +1,11 @@
 #include "platform/linux/files/FileReplacement.h"
 #include "TemporaryFolder.h"
+#include "support/ExclusiveRenames.h"
 
 #include <QDir>
 #include <QTest>
+
+#include <thread>
 
 using namespace zelmo;
 
@@ -12,6 +15,17 @@ qsizetype entryCount(const TemporaryFolder& folder) {
     return QDir(QString::fromUtf8(folder.path()))
         .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot)
         .size();
+}
+
+using Setting = std::optional<QByteArray> (*)(const QByteArray&);
+
+std::optional<QByteArray> setFileAsideWithoutExclusiveRenames(const QByteArray& path) {
+    std::optional<QByteArray> result;
+    std::thread([&] {
+        if (test::refuseExclusiveRenames())
+            result = setFileAside(path);
+    }).join();
+    return result;
 }
 
 } // namespace
@@ -85,14 +99,22 @@ private Q_SLOTS:
         QCOMPARE(linkTarget(folder.path("plain")), folder.path("plain"));
     }
 
+    void settingAsideNeverOverwrites_data() {
+        QTest::addColumn<Setting>("set");
+        QTest::newRow("where a renaming may be told so") << Setting(&setFileAside);
+        QTest::newRow("where it can't") << Setting(&setFileAsideWithoutExclusiveRenames);
+    }
     void settingAsideNeverOverwrites() {
+        QFETCH(Setting, set);
         const TemporaryFolder folder;
         for (const QByteArray name : {"f.unreadable", "f.unreadable-2", "f.unreadable-3"}) {
             const QByteArray path = folder.writeFile("f", "of " + name);
-            QCOMPARE(setFileAside(path), std::optional(folder.path(name)));
+            QCOMPARE(set(path), std::optional(folder.path(name)));
+            QVERIFY(!TemporaryFolder::exists(path));
         }
-        QCOMPARE(TemporaryFolder::contentsOf(folder.path("f.unreadable")), QByteArray("of f.unreadable"));
-        QCOMPARE(setFileAside(folder.path("f")), std::nullopt);
+        for (const QByteArray name : {"f.unreadable", "f.unreadable-2", "f.unreadable-3"})
+            QCOMPARE(TemporaryFolder::contentsOf(folder.path(name)), "of " + name);
+        QCOMPARE(set(folder.path("f")), std::nullopt);
     }
 };
 

@@ -39,10 +39,21 @@ bool isWatched(const FileUrl& folder) {
 // How many watches the system allows.
 std::optional<int> systemsLimit;
 
+enum class Queues { granted, refused };
+Queues queues = Queues::granted;
+
 } // namespace
 
 // The kernel's own limit counts for a whole user and can be lowered only where user namespaces can be made, which
-// many containers forbid. So this program refuses in the kernel's place: the watcher calls this function.
+// many containers forbid. So this program refuses in the kernel's place: the watcher calls these functions.
+extern "C" int inotify_init1(int flags) noexcept {
+    if (queues == Queues::refused) {
+        errno = EMFILE;
+        return -1;
+    }
+    return static_cast<int>(syscall(SYS_inotify_init1, flags));
+}
+
 extern "C" int inotify_add_watch(int queue, const char* path, std::uint32_t mask) noexcept {
     if (systemsLimit && watchCount() >= *systemsLimit && !isWatched(FileUrl::fromNativePath(path))) {
         errno = ENOSPC;
@@ -93,6 +104,17 @@ private Q_SLOTS:
         QCOMPARE(watchCount(), *systemsLimit);
         QVERIFY(isWatched(folders.first()));
         QVERIFY(!isWatched(folders.last()));
+    }
+
+    void aUserWithTooManyQueuesWatchesNothingAndIsTold() {
+        const TemporaryFolder folder;
+        const int before = watchCount();
+        queues = Queues::refused;
+        const auto restore = qScopeGuard([] { queues = Queues::granted; });
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^Folders can't be watched: ")));
+        InotifyFolderWatcher watcher;
+        watcher.setFolders({FileUrl::fromNativePath(folder.path())});
+        QCOMPARE(watchCount(), before);
     }
 
     void nothingIsLeftBehindNorInherited() {

@@ -3,9 +3,12 @@
 #include "TemporaryFolder.h"
 #include "platform/linux/freedesktop/EntryTree.h"
 
+#include <QScopeGuard>
 #include <QTest>
 
+#include <pwd.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace zelmo;
 
@@ -16,6 +19,11 @@ class DesktopEntrySourceTest : public QObject {
     DesktopEntrySettings m_settings;
 
     ApplicationListing list() const { return DesktopEntrySource(m_settings).list(); }
+    ApplicationIndex index() const {
+        ApplicationIndex index;
+        DesktopEntrySource(m_settings, [&](ApplicationIndex made) { index = std::move(made); }).list();
+        return index;
+    }
     QStringList names() const {
         QStringList names;
         for (const FoundApplication& application : list().applications)
@@ -222,6 +230,29 @@ private Q_SLOTS:
         QCOMPARE(listing.applications.first().url.nativePath(), wild);
     }
 
+    void theIndexKnowsAnEntryByTheProgramThatItRuns_data() {
+        QTest::addColumn<QByteArray>("lines");
+        QTest::addColumn<QByteArray>("program");
+        QTest::newRow("by its name") << QByteArray("Exec=sh -c x\n") << QByteArray("sh");
+        QTest::newRow("by its path") << QByteArray("Exec=/bin/sh -c x\n") << QByteArray("sh");
+        QTest::newRow("in an environment") << QByteArray("Exec=env -i A=/x/1 /bin/sh -c x\n") << QByteArray("sh");
+        QTest::newRow("an environment for nothing") << QByteArray("Exec=env A=1\n") << QByteArray();
+        QTest::newRow("in a terminal") << QByteArray("Exec=sh -c x\nTerminal=true\n") << QByteArray();
+        QTest::newRow("none") << QByteArray("DBusActivatable=true\n") << QByteArray();
+    }
+    void theIndexKnowsAnEntryByTheProgramThatItRuns() {
+        QFETCH(QByteArray, lines);
+        QFETCH(QByteArray, program);
+        m_tree->write("system/a.desktop", "[Desktop Entry]\nType=Application\nName=A\nStartupWMClass=Class\n" + lines);
+        const ApplicationIndex found = index();
+        for (const char* name : {"sh", "env", "x", "1", "A=1", ""})
+            QCOMPARE(found.withProgram(name) != nullptr, !program.isEmpty() && program == name);
+        for (const IndexedApplication* entry : {found.withEntryId("a.desktop"), found.withStartupClass("class")}) {
+            QVERIFY(entry);
+            QCOMPARE(entry->url, FileUrl::fromNativePath(m_tree->path("system/a.desktop")));
+        }
+    }
+
     void foldersAreThoseThatCanChangeTheList() {
         m_tree->writeApplication("system/one/two/a.desktop", "A");
         m_tree->makeFolder("system/empty");
@@ -253,6 +284,16 @@ private Q_SLOTS:
         QCOMPARE(settings.currentDesktops, (QList<QByteArray>{"one", "two"}));
         QCOMPARE(settings.programPath, QByteArray("/p"));
         QCOMPARE(settings.locales.names(), (QList<QByteArray>{"fr", "C"}));
+    }
+
+    void withoutAHomeInTheEnvironmentTheUsersOwnCounts() {
+        const auto restore = qScopeGuard([home = qgetenv("HOME")] { qputenv("HOME", home); });
+        qunsetenv("HOME");
+        qunsetenv("XDG_DATA_HOME");
+        const passwd* user = getpwuid(getuid());
+        QVERIFY(user);
+        QCOMPARE(DesktopEntrySettings::fromEnvironment().applicationFolders.first(),
+                 QByteArray(user->pw_dir) + "/.local/share/applications");
     }
 };
 

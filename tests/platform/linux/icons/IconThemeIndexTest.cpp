@@ -228,6 +228,7 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("changedFolder");
         QTest::newRow("in a folder") << QByteArray("a/T/48x48/new.png") << QByteArray("a/T/48x48");
         QTest::newRow("in a new folder") << QByteArray("a/T/64x64/new.png") << QByteArray("a/T");
+        QTest::newRow("in a new folder of a folder") << QByteArray("a/T/96x96/apps/new.png") << QByteArray("a/T/96x96");
         QTest::newRow("in a new base") << QByteArray("b/T/48x48/new.png") << QByteArray("a");
         QTest::newRow("in a new theme") << QByteArray("a/Late/48x48/apps/new.png") << QByteArray("a");
         QTest::newRow("in no theme") << QByteArray("pixmaps/new.png") << QByteArray("pixmaps");
@@ -235,9 +236,10 @@ private Q_SLOTS:
     void newFilesAreNoticedAtTheNextCheck() {
         QFETCH(QByteArray, file);
         QFETCH(QByteArray, changedFolder);
-        m_folder->write("a/T/index.theme", themeFile("48x48,64x64", "Late"));
+        m_folder->write("a/T/index.theme", themeFile("48x48,64x64,96x96/apps", "Late"));
         m_folder->write("a/T/48x48/old.png");
-        for (const char* folder : {"a", "a/T", "a/T/48x48", "a/T/index.theme"})
+        m_folder->write("a/T/96x96/places/old.png");
+        for (const char* folder : {"a", "a/T", "a/T/48x48", "a/T/96x96", "a/T/index.theme"})
             setTime(m_folder->path(folder), 1'000'000'000);
         IconThemeIndex themes = index();
         QCOMPARE(found(themes, "new"), QByteArray());

@@ -1,5 +1,6 @@
 #include "platform/linux/icons/Jpeg2000Guard.h"
 #include "platform/linux/icons/IconFileDecoder.h"
+#include "platform/linux/icons/Jpeg2000Picture.h"
 
 #include <QFile>
 #include <QTest>
@@ -146,6 +147,17 @@ private Q_SLOTS:
         const QByteArray bytes = Picture{.precincts = QByteArray::fromHex("778888888888")}.bytes();
         for (qsizetype length = 0; length < bytes.indexOf("\xff\x93"); ++length)
             QVERIFY(!isHarmlessJpeg2000(QByteArray(bytes.constData(), length), sideLimit));
+    }
+
+    // More than the decoder reads ahead, so that it has to be told how to get over it.
+    void whatStandsBeforeThePictureIsSkippedHoweverLongItIs() {
+        QFile file(QStringLiteral(ZELMO_ICON_CORPUS "/jp2-color"));
+        QVERIFY(file.open(QFile::ReadOnly));
+        QByteArray bytes = file.readAll().mid(1);
+        const QImage plain = Jpeg2000Picture::decode(bytes, sideLimit);
+        QVERIFY(!plain.isNull());
+        bytes.insert(bytes.indexOf("jp2c") - 4, box("uuid", QByteArray(3 * 1024 * 1024, 'x')));
+        QCOMPARE(Jpeg2000Picture::decode(bytes, sideLimit), plain);
     }
 
     void decoderNeverSeesWhatIsRefused() {

@@ -115,6 +115,9 @@ private Q_SLOTS:
                           "<path d='M0 50H50H100' marker-mid='url(#m)'/>"));
         row("symbol", svg("<symbol id='s' viewBox='0 0 10 10'><rect width='10' height='10' fill='#f00'/></symbol>"
                           "<use xlink:href='#s' x='25' y='25' width='50' height='50'/>"));
+        row("clipped picture",
+            svg("<clipPath id='c'>" + box + "</clipPath><image width='100' height='100' clip-path='url(#c)' " +
+                "xlink:href='data:image/png;base64," + png(10, 10, red).toBase64() + "'/>"));
         row("blend mode",
             svg(redSquare + "<rect x='25' y='25' width='50' height='50' fill='#0f0' "
                             "style='mix-blend-mode:multiply'/>"),
@@ -272,6 +275,7 @@ private Q_SLOTS:
               "transform='scale(1000)'><use xlink:href='#p'/></g></g></defs><use xlink:href='#g' "
               "transform='scale(1000)'/>");
         lined("line enlarged by a rule", "<style>.a{transform:scale(1e6)}</style><g class='a'>" + curve + "</g>");
+        lined("line enlarged by another rule", "<style>path{transform:scale(1e6)}</style>" + curve);
         lined("line enlarged by a skew", "<g transform='skewX(89.99999)'>" + curve + "</g>");
         lined("line enlarged by a view box", "<svg viewBox='0 0 .0001 .0001'>" + curve + "</svg>");
         lined("line enlarged by a marker", "<marker id='m' viewBox='0 0 .01 .01'>" + curve +
@@ -296,6 +300,13 @@ private Q_SLOTS:
         row("two pictures in one address",
             svg("<text/><image width='9' height='9' xlink:href='data:image/png;base64,AAAAbase64," +
                 png(8, 8, 0).toBase64() + "'/>"));
+        row("many pixels of pictures",
+            svg("<text/>" + QByteArray("<image width='9' height='9' xlink:href='data:image/png;base64," +
+                                       png(1000, 1000, red).toBase64() + "'/>")
+                                .repeated(130)));
+        row("another file in this one",
+            svg("<clipPath id='c'>" + redSquare + "</clipPath><g clip-path='url(#c)'><xi:include " +
+                "xmlns:xi='http://www.w3.org/2001/XInclude' href='/etc/passwd' parse='text'/></g>"));
         row("another encoding", "<?xml version='1.0' encoding='ISO-8859-1'?>" + maskedByAFilteredGroup());
     }
     void effectsBeyondTheLimitsAreNotDrawn() {

@@ -1,13 +1,15 @@
 #include "PreferencesFileFixture.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QTest>
 
+#include <chrono>
 #include <csignal>
-#include <ctime>
 #include <string_view>
 #include <sys/wait.h>
+#include <thread>
 
 using namespace zelmo;
 
@@ -15,6 +17,10 @@ namespace {
 
 constexpr int kills = 100;
 constexpr const char* writerArgument = "--write-until-killed";
+
+QByteArray writtenData(double number) {
+    return QByteArray(200'000 + static_cast<int>(number) % 7 * 1000, 'x');
+}
 
 // Two values that always agree, in a file that takes more than a moment to write.
 int writeUntilKilled(const char* path) {
@@ -28,12 +34,21 @@ int writeUntilKilled(const char* path) {
         return 1;
     for (;;) {
         ++number;
-        const QByteArray data(200'000 + static_cast<int>(number) % 7 * 1000, 'x');
         if (!file.write({{nameOf(Key::titleFontSize), number},
                          {nameOf(Key::searchFontSize), number},
-                         {nameOf(Key::appUsageRecords), data}}))
+                         {nameOf(Key::appUsageRecords), writtenData(number)}}))
             return 1;
     }
+}
+
+// On this machine, in this build.
+qint64 nanosecondsOfAWrite(const QByteArray& path) {
+    PlistPreferencesFile file(FileUrl::fromNativePath(path));
+    QElapsedTimer clock;
+    clock.start();
+    if (!file.write({{nameOf(Key::appUsageRecords), writtenData(0)}}))
+        qFatal("%s can't be written", path.constData());
+    return clock.nsecsElapsed();
 }
 
 // Starts this program as a writer, and returns when it has begun.
@@ -65,6 +80,7 @@ private Q_SLOTS:
     void aWriterMayBeKilledAtAnyMoment() {
         const TemporaryFolder folder;
         const QByteArray path = folder.path("config/p.plist");
+        const qint64 longest = 4 * nanosecondsOfAWrite(folder.path("trial/p.plist"));
         QRandomGenerator random(7);
         double last = 0;
         int killedWhileWriting = 0;
@@ -72,8 +88,7 @@ private Q_SLOTS:
             const pid_t child = startWriter(path);
             QVERIFY(child > 0);
             // The moment is what is tried out here; nothing is waited for.
-            const timespec moment{.tv_sec = 0, .tv_nsec = random.bounded(1, 12'000'000)};
-            nanosleep(&moment, nullptr);
+            std::this_thread::sleep_for(std::chrono::nanoseconds(random.bounded(qint64{1}, longest)));
             kill(child, SIGKILL);
             int status = 0;
             QCOMPARE(waitpid(child, &status, 0), child);
@@ -88,8 +103,7 @@ private Q_SLOTS:
             QCOMPARE(values.size(), 3);
             const double number = std::get<double>(values.value(nameOf(Key::titleFontSize)));
             QCOMPARE(std::get<double>(values.value(nameOf(Key::searchFontSize))), number);
-            QCOMPARE(std::get<QByteArray>(values.value(nameOf(Key::appUsageRecords))),
-                     QByteArray(200'000 + static_cast<int>(number) % 7 * 1000, 'x'));
+            QCOMPARE(std::get<QByteArray>(values.value(nameOf(Key::appUsageRecords))), writtenData(number));
             QVERIFY(number >= last);
             last = number;
         }

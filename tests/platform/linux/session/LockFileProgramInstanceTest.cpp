@@ -98,6 +98,20 @@ private Q_SLOTS:
         QCOMPARE(second.claim({}), InstanceClaim::unavailable);
     }
 
+    void aLinkInThePlaceOfTheLockIsNotFollowed() {
+        const Folder folder;
+        const Folder elsewhere;
+        QVERIFY(QDir().mkpath(QFile::decodeName(folder.path())));
+        QVERIFY(QDir().mkpath(QFile::decodeName(elsewhere.path())));
+        QCOMPARE(chmod(folder.path().constData(), 0700), 0);
+        const QByteArray target = elsewhere.path() + "/lock";
+        const QByteArray lock = folder.path() + "/display-%3A7.lock";
+        QCOMPARE(symlink(target.constData(), lock.constData()), 0);
+        LockFileProgramInstance instance(folder.path(), ":7");
+        QCOMPARE(instance.claim({}), InstanceClaim::unavailable);
+        QVERIFY(elsewhere.entries().isEmpty());
+    }
+
     void thePlaceIsFreeOnceTheFirstHasGone() {
         const Folder folder;
         auto first = std::make_unique<LockFileProgramInstance>(folder.path(), ":7");

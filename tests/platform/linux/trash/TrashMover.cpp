@@ -1,8 +1,10 @@
-// trash-mover [--ordinary-user]
+// trash-mover [--ordinary-user] [--without-exclusive-renames]
 // Moves the path in each line of the standard input, which may have bytes as %XX, to the Trash and prints what came of
-// it. As an ordinary user it does so without root's rights.
+// it. As an ordinary user it does so without root's rights, and without exclusive renames as on a file system that
+// lacks them.
 
 #include "platform/linux/trash/XdgTrash.h"
+#include "support/ExclusiveRenames.h"
 
 #include <QCoreApplication>
 
@@ -26,8 +28,12 @@ bool becomeOrdinaryUser() {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    if (argc > 1 && std::strcmp(argv[1], "--ordinary-user") == 0 && !becomeOrdinaryUser())
-        return 2;
+    for (int i = 1; i < argc; ++i) {
+        if (std::strcmp(argv[i], "--ordinary-user") == 0 && !becomeOrdinaryUser())
+            return 2;
+        if (std::strcmp(argv[i], "--without-exclusive-renames") == 0 && !test::refuseExclusiveRenames())
+            return 2;
+    }
     const QCoreApplication application(argc, argv);
     XdgTrash trash;
     for (std::string line; std::getline(std::cin, line);) {

@@ -1,5 +1,6 @@
 #include "TrashFixture.h"
 
+#include <QSet>
 #include <QTest>
 
 using namespace zelmo;
@@ -48,6 +49,49 @@ private Q_SLOTS:
         QCOMPARE(fixture.items()[0].originalPath, fixture.applications().path("mount/Notes.app"));
         QCOMPARE(pictureOf(fixture.trashed("Notes.app")), before);
         QCOMPARE(fixture.leftovers(), QList<QByteArray>());
+    }
+
+    // With less room each time, of which something else is the last thing that there is none for.
+    void aTrashWithoutRoomTakesAllOrNothing_data() {
+        QTest::addColumn<QByteArray>("limits");
+        QTest::newRow("for contents") << QByteArray("seq -f size=%gk 160 -4 80");
+        QTest::newRow("for names") << QByteArray("seq -f nr_inodes=%g 24 -1 2");
+    }
+    void aTrashWithoutRoomTakesAllOrNothing() {
+        QFETCH(const QByteArray, limits);
+        TrashFixture fixture(Place::otherFileSystem);
+        if (!fixture.isPossible())
+            QSKIP("/dev/shm is no file system of its own here");
+        fixture.makeBundle("store/Notes.app");
+        const auto output = runWithMounts(
+            fixture,
+            "for limit in $(" + limits +
+                "); do\n"
+                "    mount -t tmpfs -o $limit none \"$HOME/data\"\n"
+                "    chown 65534:65534 \"$HOME/data\"\n"
+                "    [ -e Notes.app ] || cp -a store/Notes.app .\n"
+                "    printf '%s/Notes.app\\n' \"$APPS\" | $MOVER | tr '\\n' ' '\n"
+                "    for place in . \"$HOME/data/Trash/files\"; do\n"
+                "        if [ ! -e $place/Notes.app ]; then printf 'gone '\n"
+                "        elif diff -r --no-dereference store/Notes.app $place/Notes.app; then printf 'whole '\n"
+                "        else printf 'damaged '; fi\n"
+                "    done\n"
+                "    cd \"$HOME/data\"\n"
+                "    find Trash -mindepth 1 -maxdepth 2 ! -name files ! -name info | sort | tr '\\n' ' '\n"
+                "    sed -n 's/^Path=.*Notes.app/listed/p' Trash/info/* 2>/dev/null | tr '\\n' ' '\n"
+                "    echo\n"
+                "    cd \"$APPS\"\n"
+                "    umount \"$HOME/data\"\n"
+                "done");
+        QVERIFY(output);
+        QSet<QByteArray> outcomes;
+        for (const QByteArray& line : output->trimmed().split('\n'))
+            outcomes.insert(line.simplified());
+        const QSet<QByteArray> expected{
+            "moved gone whole Trash/files/Notes.app Trash/info/Notes.app.trashinfo listed",
+            "refused whole gone",
+        };
+        QCOMPARE(outcomes, expected);
     }
 
     // One file system, and yet no renaming leads from one mount to the other.

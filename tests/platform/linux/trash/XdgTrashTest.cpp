@@ -75,13 +75,21 @@ private Q_SLOTS:
     }
 
     // GIO is less careful on the home folder's file system.
+    void whatHasNoInformationIsNotReplacedEither_data() {
+        QTest::addColumn<QStringList>("options");
+        QTest::newRow("where a renaming may be told so") << QStringList();
+        QTest::newRow("where it can't") << QStringList{QStringLiteral("--without-exclusive-renames")};
+    }
     void whatHasNoInformationIsNotReplacedEither() {
+        QFETCH(QStringList, options);
         const TrashFixture fixture(Place::otherFileSystem);
         if (!fixture.isPossible())
             QSKIP("/dev/shm is no file system of its own here");
         const QByteArray file = fixture.applications().writeFile("Notes.app", "new");
         fixture.homeFolder().writeFile("data/Trash/files/Notes.app", "old");
-        QCOMPARE(fixture.move(file), QByteArray("moved"));
+        fixture.handOver();
+        const QStringList mover{QStringLiteral(ZELMO_TRASH_MOVER), QStringLiteral("--ordinary-user")};
+        QCOMPARE(fixture.run(mover + options, file + '\n'), std::optional(QByteArray("moved\n")));
         QCOMPARE(TemporaryFolder::contentsOf(fixture.trashed("Notes.app")), QByteArray("old"));
         QCOMPARE(TemporaryFolder::contentsOf(fixture.trashed("Notes.2.app")), QByteArray("new"));
     }

@@ -40,6 +40,12 @@ private Q_SLOTS:
                 .arguments()[0]);
         QCOMPARE(labels.size(), 2);
         QCOMPARE(labels[1].properties, (QVariantMap{{QStringLiteral("label"), QStringLiteral("Later")}}));
+        // Whoever names no line asks for all of them, the menu itself among them.
+        const auto all = qdbus_cast<BusMenuPropertiesList>(
+            on.callMenu("GetGroupProperties", {QVariant::fromValue(QList<int>()), QStringList()}).arguments()[0]);
+        QCOMPARE(all.size(), 5);
+        QCOMPARE(all[4].id, 4);
+        QCOMPARE(all[4].properties, layout.children[3].properties);
         QCOMPARE(on.callMenu("GetProperty", {1, QStringLiteral("label")})
                      .arguments()[0]
                      .value<QDBusVariant>()
@@ -64,6 +70,19 @@ private Q_SLOTS:
         event(1, "hovered");
         event(3, "clicked");
         event(1, "clicked");
+        QTRY_COMPARE(on.chosen, (QStringList{QStringLiteral("checkbox"), QStringLiteral("first")}));
+    }
+
+    void linesThatAreChosenTogetherActInTurn() {
+        ItemOnBus on;
+        const FakeWatcher watcher(on.bus.services(), yes);
+        QVERIFY(on.waitUntilHosted());
+        BusMenuEvents events;
+        for (const int id : {3, 99, 4, 0, -1, 1})
+            events.append({.id = id, .name = QStringLiteral("clicked"), .data = QDBusVariant(0)});
+        const QDBusMessage reply = on.callMenu("EventGroup", {QVariant::fromValue(events)});
+        // The host learns which of them there are not.
+        QCOMPARE(qdbus_cast<QList<int>>(reply.arguments().value(0)), (QList<int>{99, -1}));
         QTRY_COMPARE(on.chosen, (QStringList{QStringLiteral("checkbox"), QStringLiteral("first")}));
     }
 

@@ -101,9 +101,22 @@ private Q_SLOTS:
         ItemOnBus on;
         FakeWatcher watcher(on.bus.services(), no);
         watcher.setRegistering(FakeWatcher::Registering::refused);
+        // Else it may learn of the host twice, and try twice.
+        QTRY_COMPARE(watcher.questions(), 1);
         watcher.tellHost(yes, "StatusNotifierHostRegistered");
         QTRY_COMPARE(watcher.items().size(), 1);
         QTRY_COMPARE(on.item.hosting(), NotifierHosting::absent);
+    }
+
+    // As in a container, where processes have the numbers of others outside.
+    void anItemWhoseNameAnotherProgramHasDoesNotCount() {
+        const PrivateBus bus;
+        QVERIFY(bus.services().registerService(itemName()));
+        const FakeWatcher watcher(bus.services(), yes);
+        StatusNotifierItem item(bus.address());
+        item.setVisibility(StatusItemVisibility::visible);
+        QTRY_COMPARE(item.hosting(), NotifierHosting::absent);
+        QCOMPARE(watcher.items(), QStringList());
     }
 
     void signalsOfSomebodyElseCountForNothing() {

@@ -9,6 +9,13 @@ class RunningHotKeyProgram {
 public:
     explicit RunningHotKeyProgram(DesktopSession& session)
         : m_process(session.startProgram(QStringLiteral(ZELMO_HOT_KEY_PROGRAM))) {}
+    // It ends with its input, and by itself: what it has taken is given back, and what is counted in it is written.
+    ~RunningHotKeyProgram() {
+        m_process.closeWriteChannel();
+        m_process.waitForFinished();
+    }
+    RunningHotKeyProgram(const RunningHotKeyProgram&) = delete;
+    RunningHotKeyProgram& operator=(const RunningHotKeyProgram&) = delete;
 
     QProcess& process() const { return m_process; }
 

@@ -9,6 +9,13 @@ class RunningScreenProgram {
 public:
     explicit RunningScreenProgram(DesktopSession& session)
         : m_session(session), m_process(session.startProgram(QStringLiteral(ZELMO_SCREEN_PROGRAM))) {}
+    // It ends with its input, and by itself: what it has taken is given back, and what is counted in it is written.
+    ~RunningScreenProgram() {
+        m_process.closeWriteChannel();
+        m_process.waitForFinished();
+    }
+    RunningScreenProgram(const RunningScreenProgram&) = delete;
+    RunningScreenProgram& operator=(const RunningScreenProgram&) = delete;
 
     QString ask(const QString& question) const {
         m_process.write(question.toUtf8() + '\n');
