@@ -62,10 +62,8 @@ void LauncherStore::setIsEditingApps(bool editing) {
 }
 
 void LauncherStore::refresh() {
-    m_scanThreads.start([this, hidden = m_hiddenAppPaths] {
+    m_scanThreads.start([this] {
         ScanResult result = m_scanner.scan();
-        if (!hidden.isEmpty())
-            result.apps.removeIf([&](const LaunchableApp& app) { return hidden.contains(app.url.path()); });
         QMetaObject::invokeMethod(
             this, [this, result = std::move(result)]() mutable { publishScan(std::move(result)); },
             Qt::QueuedConnection);
@@ -73,6 +71,9 @@ void LauncherStore::refresh() {
 }
 
 void LauncherStore::publishScan(ScanResult result) {
+    // By what is hidden now: more may have gone to the Trash since the scan began.
+    if (!m_hiddenAppPaths.isEmpty())
+        result.apps.removeIf([this](const LaunchableApp& app) { return m_hiddenAppPaths.contains(app.url.path()); });
     qCInfo(catalogLog, "%lld applications found", static_cast<long long>(result.apps.size()));
     if (m_watchedFolders != result.watchedFolders) {
         m_watchedFolders = result.watchedFolders;

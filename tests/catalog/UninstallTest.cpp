@@ -125,6 +125,15 @@ private Q_SLOTS:
         QTRY_COMPARE(names(fixture.store->apps()), QStringList{QStringLiteral("Zip")});
     }
 
+    void aScanThatIsUnderWayBringsNothingBack() {
+        Fixture fixture;
+        fixture.select({"Chess"});
+        fixture.store->refresh();
+        fixture.store->hideSelectedAppsFromLauncher();
+        QVERIFY(fixture.waitForRest());
+        QCOMPARE(names(fixture.store->apps()), (QStringList{QStringLiteral("Mail"), QStringLiteral("Notes")}));
+    }
+
     void aRefusedAppIsNamedAndStaysSelected() {
         Fixture fixture;
         fixture.trash.refused = {path("Mail")};
