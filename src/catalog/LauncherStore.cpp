@@ -27,6 +27,7 @@ LauncherStore::LauncherStore(AppScanner scanner, LauncherServices services, cons
     loadHiddenApps();
     setupApplicationUsageTracking();
     m_services.folderWatcher.setChangeHandler([this] { m_rescanTimer->noteChange(); });
+    connect(this, &LauncherStore::scanEnded, this, &LauncherStore::publishEndedScans, Qt::QueuedConnection);
     QMetaObject::invokeMethod(this, &LauncherStore::refresh, Qt::QueuedConnection);
 }
 
@@ -64,10 +65,22 @@ void LauncherStore::setIsEditingApps(bool editing) {
 void LauncherStore::refresh() {
     m_scanThreads.start([this] {
         ScanResult result = m_scanner.scan();
-        QMetaObject::invokeMethod(
-            this, [this, result = std::move(result)]() mutable { publishScan(std::move(result)); },
-            Qt::QueuedConnection);
+        {
+            const std::scoped_lock lock(m_endedScansLock);
+            m_endedScans.push_back(std::move(result));
+        }
+        Q_EMIT scanEnded({});
     });
+}
+
+void LauncherStore::publishEndedScans() {
+    std::vector<ScanResult> ended;
+    {
+        const std::scoped_lock lock(m_endedScansLock);
+        ended.swap(m_endedScans);
+    }
+    for (ScanResult& result : ended)
+        publishScan(std::move(result));
 }
 
 void LauncherStore::publishScan(ScanResult result) {

@@ -14,7 +14,9 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
+#include <vector>
 
 namespace zelmo {
 
@@ -121,10 +123,13 @@ Q_SIGNALS:
     void isEditingAppsChanged();
     void selectedAppIDsChanged();
     void changeDurationChanged();
+    // On the thread of a scan.
+    void scanEnded(QPrivateSignal);
 
 private:
     template <typename Value>
     void publish(Value& property, Value value, void (LauncherStore::*changed)());
+    void publishEndedScans();
     void publishScan(ScanResult result);
     void loadHiddenApps();
     void saveHiddenApps();
@@ -154,7 +159,9 @@ private:
     QList<FileUrl> m_watchedFolders;
     mutable std::optional<NameSearch> m_nameSearch; // of m_apps, made when first asked for
     std::unique_ptr<RescanTimer> m_rescanTimer;
-    QThreadPool m_scanThreads; // last: its tasks end before anything they use
+    std::mutex m_endedScansLock;
+    std::vector<ScanResult> m_endedScans; // in the order in which they ended
+    QThreadPool m_scanThreads;            // last: its tasks end before anything they use
 };
 
 } // namespace zelmo

@@ -161,6 +161,8 @@ private Q_SLOTS:
 
     void theItemComesBackWithTheBus() {
         ItemOnBus on;
+        // It is connected.
+        QTRY_COMPARE(on.item.hosting(), NotifierHosting::absent);
         for (int end = 0; end < 2; ++end) {
             on.bus.kill();
             QTRY_COMPARE(on.item.hosting(), NotifierHosting::absent);
