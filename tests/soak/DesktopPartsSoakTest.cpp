@@ -25,9 +25,10 @@ public:
     bool start() {
         if (!desktop.startBoth())
             return false;
-        // Something that the wall has to cover.
+        // Something that the wall has to cover, also after each further window manager has put it lower by the height
+        // of a title.
         desktop.session->startProgram(QStringLiteral("xlogo"),
-                                      QStringLiteral("-bg red -fg red -geometry 300x500+100+200").split(u' '));
+                                      QStringLiteral("-bg red -fg red -geometry 300x760+100+20").split(u' '));
         return waitForDesktop();
     }
     void pressShortcut() const {
