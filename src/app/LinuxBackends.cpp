@@ -45,7 +45,8 @@ LinuxBackends::LinuxBackends()
       motion(connection.get(), configFolders()), startupNotifier(connection.get()),
       workspace(connection.get(), identifier), launcher(bundleReader, startupNotifier, {updateDelayVariable}),
       fontFaces(QGuiApplication::font().family()), iconSource(makeIconThemeIndex()),
-      colorScheme(BusAddresses::fromEnvironment().session), programActivation(connection.get()) {
+      colorScheme(BusAddresses::fromEnvironment().session), programActivation(connection.get()),
+      presentation(connection.get()) {
     presence.setChangeHandler([this] { workspace.setUserPresent(presence.isPresent()); });
 }
 

@@ -34,7 +34,6 @@ struct LinuxBackends {
     X11HotKeyService hotKeyService;
     X11MainScreen mainScreen;
     X11DesktopCapture desktopCapture;
-    EwmhPresentation presentation;
     PlistPreferencesFile preferencesFile;
     PlistBundleReader bundleReader;
     ApplicationIdentifier identifier;
@@ -50,6 +49,7 @@ struct LinuxBackends {
     FreedesktopIconSource iconSource;
     PortalColorScheme colorScheme;
     X11ProgramActivation programActivation;
+    EwmhPresentation presentation;
 };
 
 } // namespace zelmo

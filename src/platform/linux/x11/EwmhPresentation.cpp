@@ -1,14 +1,13 @@
 #include "platform/linux/x11/EwmhPresentation.h"
 
 #include "platform/linux/x11/QtX11Connection.h"
-#include "platform/linux/x11/XcbReply.h"
+#include "platform/linux/x11/X11Connection.h"
 
-#include <QWindow>
+#include <QGuiApplication>
 
 #include <algorithm>
 #include <span>
 #include <string_view>
-#include <xcb/xcb.h>
 
 namespace zelmo {
 
@@ -50,8 +49,36 @@ void keepOnAllWorkspaces(QWindow& window) {
 
 } // namespace
 
+EwmhPresentation::EwmhPresentation(X11Connection* connection) : m_connection(connection), m_activation(connection) {
+    if (!m_connection)
+        return;
+    constexpr std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(m_connection->get(), m_connection->root(), XCB_CW_EVENT_MASK, &events);
+    m_connection->flush();
+    connect(m_connection, &X11Connection::arrived, this, &EwmhPresentation::noteEvent);
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &EwmhPresentation::noteFocus);
+}
+
+void EwmhPresentation::noteFocus(QWindow* window) {
+    if (window)
+        m_lastFocused = window;
+}
+
+void EwmhPresentation::noteEvent(const xcb_generic_event_t& event) {
+    constexpr std::uint8_t sentByClient = 0x80;
+    if ((event.response_type & ~sentByClient) != XCB_PROPERTY_NOTIFY)
+        return;
+    const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+    const bool takesOver = change.window == m_connection->root() && change.state == XCB_PROPERTY_NEW_VALUE &&
+                           change.atom == m_connection->atom("_NET_SUPPORTING_WM_CHECK");
+    // It hears of this once it knows the windows that are there.
+    if (takesOver && m_options && m_window && m_window == m_lastFocused)
+        m_activation.activateIgnoringOtherApps(*m_window);
+}
+
 void EwmhPresentation::setOptions(PresentationOptions options, QWindow& window) {
     m_options = options;
+    m_window = &window;
     if (!options) {
         window.hide();
         return;
