@@ -4,6 +4,7 @@
 #include "TemporaryFolder.h"
 #include "platform/linux/trash/XdgTrash.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <benchmark/benchmark.h>
 
@@ -49,6 +50,8 @@ int main(int argc, char* argv[]) {
     qputenv("HOME", home.path());
     qputenv("XDG_DATA_HOME", home.path("data"));
     benchmark::Initialize(&argc, argv);
+    // What is moved elsewhere is waited for in its event loop.
+    const QCoreApplication application(argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }
