@@ -88,6 +88,8 @@ xcb_timestamp_t X11Connection::serverTime() {
     const xcb_atom_t property = atom(QByteArrayLiteral("_ZELMO_CLOCK"));
     xcb_change_property(m_connection, XCB_PROP_MODE_APPEND, m_clockWindow, property, XCB_ATOM_CARDINAL, 32, 0, nullptr);
     xcb_flush(m_connection);
+    // What came before and with the answer. An event loop that only looks by now and then never blocks.
+    QMetaObject::invokeMethod(this, &X11Connection::handOut, Qt::QueuedConnection);
     for (;;) {
         XcbEvent event(xcb_wait_for_event(m_connection));
         if (!event)
