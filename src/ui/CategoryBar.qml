@@ -12,24 +12,22 @@ FocusScope {
 
     height: row.height
     activeFocusOnTab: true
-    onActiveFocusChanged: if (!bar.activeFocus) chips.itemAt(bar.categories.selectedRow).focus = true
-
-    Keys.onLeftPressed: event => bar.move(bar.LayoutMirroring.enabled ? 1 : -1, event)
-    Keys.onRightPressed: event => bar.move(bar.LayoutMirroring.enabled ? -1 : 1, event)
+    onActiveFocusChanged: if (!bar.activeFocus) bar.rest(chips.itemAt(bar.categories.selectedRow))
 
     Accessible.role: Accessible.List
     Accessible.name: "Categories"
 
-    function move(rows: int, event: KeyEvent) {
-        for (let i = 0; i < chips.count; ++i) {
-            if (!chips.itemAt(i).activeFocus)
-                continue;
-            const next = chips.itemAt(i + rows);
-            event.accepted = next !== null;
-            if (next)
-                next.forceActiveFocus(rows > 0 ? Qt.TabFocusReason : Qt.BacktabFocusReason);
-            return;
-        }
+    // Past the ends the key means something else.
+    function goTo(index: int, event: KeyEvent) {
+        const chip = chips.itemAt(index);
+        event.accepted = chip !== null;
+        if (chip)
+            chip.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    function rest(chip: Item) {
+        chip.focus = true;
+        bar.show(chip);
     }
 
     function show(chip: Item) {
@@ -66,6 +64,8 @@ FocusScope {
                     tip: bar.tip
                     focus: chip.isSelected
                     onPressed: bar.categories.choose(chip.index)
+                    Keys.onLeftPressed: event => bar.goTo(chip.index + (bar.LayoutMirroring.enabled ? 1 : -1), event)
+                    Keys.onRightPressed: event => bar.goTo(chip.index + (bar.LayoutMirroring.enabled ? -1 : 1), event)
                     onActiveFocusChanged: if (chip.activeFocus) bar.show(chip)
                 }
             }

@@ -11,6 +11,10 @@ enum class Wall { hidden, shown };
 const QByteArray blueBackground =
     stringPreference("launcherBackgroundStyle", "customColor") + realPreference("launcherBackgroundBlue", 0.8);
 
+// The two halves of a screen that is divided.
+constexpr QRect left(0, 0, 800, 800);
+constexpr QRect right(800, 0, 800, 800);
+
 bool isWall(QColor color) {
     return color.blue() > 190 && color.blue() < 215 && color.red() < 30 && color.green() < 40;
 }
@@ -77,8 +81,6 @@ private Q_SLOTS:
         QFETCH(Wall, wall);
         SoakDesktop desktop({.screen = {1600, 800}, .monitors = Monitors::leftPrimary});
         const XDisplay& display = desktop.session->display();
-        const QRect left(0, 0, 800, 800);
-        const QRect right(800, 0, 800, 800);
         display.movePointer({1200, 700});
         start(desktop, right);
         for (int round = 0; round < soakCount(2, 40); ++round) {
@@ -107,8 +109,6 @@ private Q_SLOTS:
         SoakDesktop desktop(
             {.screen = {1600, 800}, .monitors = Monitors::leftPrimary, .windowManager = QStringLiteral("metacity")});
         const XDisplay& display = desktop.session->display();
-        const QRect left(0, 0, 800, 800);
-        const QRect right(800, 0, 800, 800);
         display.movePointer({1200, 700});
         start(desktop, right);
         for (int round = 0; round < soakCount(2, 40); ++round) {

@@ -257,6 +257,10 @@ private Q_SLOTS:
         goTo(Qt::Key_Left, "Most Used");
         QVERIFY(fixture.chip("Most Used")->hasActiveFocus());
         QCOMPARE(fixture.place(fixture.chip("Most Used")).left(), panel.left() + 24);
+        // As it is left, the selected one is to be seen again.
+        goTo(Qt::Key_Right, "Other");
+        QTest::keyClick(&fixture.window, Qt::Key_Up);
+        QVERIFY(fixture.place(fixture.chip("All Apps")).left() >= panel.left() + 24);
     }
 };
 

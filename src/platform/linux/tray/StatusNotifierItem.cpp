@@ -56,6 +56,10 @@ StatusNotifierItem::StatusNotifierItem(const QString& busAddress)
 }
 
 StatusNotifierItem::~StatusNotifierItem() {
+    leaveBus();
+}
+
+void StatusNotifierItem::leaveBus() {
     if (m_thread)
         m_thread->wait();
     m_bus.reset();
@@ -103,10 +107,7 @@ void StatusNotifierItem::connectInBackground() {
         setHosting(NotifierHosting::absent);
         return;
     }
-    if (m_thread)
-        m_thread->wait();
-    m_bus.reset();
-    QDBusConnection::disconnectFromBus(m_connectionName);
+    leaveBus();
     m_thread.reset(QThread::create(
         [address = m_busAddress, name = m_connectionName] { QDBusConnection::connectToBus(address, name); }));
     connect(m_thread.get(), &QThread::finished, this, [this] { useBus(QDBusConnection(m_connectionName)); });

@@ -54,6 +54,7 @@ private Q_SLOTS:
 
 private:
     void connectInBackground();
+    void leaveBus();
     void useBus(const QDBusConnection& bus);
     void setWatcher(const QString& owner);
     void askForHost();
