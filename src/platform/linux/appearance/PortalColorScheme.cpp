@@ -39,6 +39,9 @@ struct PortalColorScheme::Callbacks {
     // `ReadAll` gives namespaces with their settings.
     static int answered(sd_bus_message* message, void* scheme, sd_bus_error*) {
         auto* self = static_cast<PortalColorScheme*>(scheme);
+        // Without a portal, the bus itself answers; what a lost bus leaves open is answered with errors too.
+        if (sd_bus_is_ready(self->m_bus.get()) > 0)
+            self->m_reconnect.reset();
         if (sd_bus_message_is_method_error(message, nullptr))
             return 0;
         self->m_wish = SchemeWish::unknown;
@@ -99,18 +102,33 @@ void PortalColorScheme::BusCloser::operator()(sd_bus* bus) const {
     sd_bus_close_unref(bus);
 }
 
-PortalColorScheme::PortalColorScheme(const QString& address) : m_address(address.toUtf8()) {}
+PortalColorScheme::PortalColorScheme(const QString& address)
+    : m_address(address.toUtf8()), m_reconnect([this] {
+          disconnect();
+          if (!connect())
+              m_reconnect.start();
+      }) {}
 
 PortalColorScheme::~PortalColorScheme() {
-    // Before the descriptor that they watch.
-    m_readable.reset();
-    m_writable.reset();
+    disconnect();
 }
 
 void PortalColorScheme::start() {
+    if (!m_bus && !m_address.isEmpty())
+        connect();
+}
+
+void PortalColorScheme::disconnect() {
+    // Before the descriptor that they watch.
+    m_readable.reset();
+    m_writable.reset();
+    m_bus.reset();
+}
+
+bool PortalColorScheme::connect() {
     sd_bus* made = nullptr;
-    if (m_bus || m_address.isEmpty() || sd_bus_new(&made) < 0)
-        return;
+    if (sd_bus_new(&made) < 0)
+        return false;
     m_bus.reset(made);
     // What is asked here goes out once the bus has greeted.
     const bool isUp =
@@ -124,7 +142,7 @@ void PortalColorScheme::start() {
                                Callbacks::ownerChanged, nullptr, this) >= 0;
     if (!isUp) {
         m_bus.reset();
-        return;
+        return false;
     }
     ask();
     const int descriptor = sd_bus_get_fd(made);
@@ -132,6 +150,7 @@ void PortalColorScheme::start() {
     m_writable.emplace(descriptor, QSocketNotifier::Write);
     for (QSocketNotifier* notifier : {&*m_readable, &*m_writable})
         QObject::connect(notifier, &QSocketNotifier::activated, notifier, [this] { process(); });
+    return true;
 }
 
 void PortalColorScheme::ask() {
@@ -182,9 +201,11 @@ void PortalColorScheme::process() {
     while (progress > 0)
         progress = sd_bus_process(m_bus.get(), nullptr);
     const int events = progress < 0 ? progress : sd_bus_get_events(m_bus.get());
-    // Without the bus, what was known last stays.
     m_readable->setEnabled(events >= 0);
     m_writable->setEnabled(events >= 0 && (events & POLLOUT));
+    // Until the bus comes again, what was known last stays.
+    if (events < 0)
+        m_reconnect.start();
 }
 
 } // namespace zelmo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/session/ReconnectTimer.h"
 #include "settings/ColorScheme.h"
 
 #include <QByteArray>
@@ -15,7 +16,7 @@ namespace zelmo {
 
 // The desktop's light or dark scheme and its accent colour, as its portal tells them. Nothing is known without a
 // session bus, without the portal, which is not started for this, or where it knows no such settings. Never waits for
-// the bus. Main thread.
+// the bus; connects again to one that comes again. Main thread.
 class PortalColorScheme : public ColorScheme {
 public:
     // Of the session bus; empty where there is none.
@@ -35,6 +36,8 @@ private:
     };
     struct Callbacks;
 
+    bool connect();
+    void disconnect();
     void ask();
     void process();
     // The name and the value of one setting, which the message stands before; others pass unheeded.
@@ -48,6 +51,7 @@ private:
     SchemeWish m_wish = SchemeWish::unknown;
     std::optional<QColor> m_accent;
     std::function<void()> m_handler;
+    ReconnectTimer m_reconnect;
 };
 
 } // namespace zelmo

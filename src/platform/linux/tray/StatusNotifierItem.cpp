@@ -86,6 +86,7 @@ void StatusNotifierItem::setVisibility(StatusItemVisibility visibility) {
     if (visibility == m_visibility)
         return;
     m_visibility = visibility;
+    ++m_change;
     if (visibility == StatusItemVisibility::visible) {
         if (m_bus)
             setWatcher(m_watcher);
@@ -93,10 +94,8 @@ void StatusNotifierItem::setVisibility(StatusItemVisibility visibility) {
             connectInBackground();
         return;
     }
-    // Hosts let go of an item whose name goes.
     if (m_bus && m_hasName)
-        m_bus->asyncCall(busMethod(QStringLiteral("ReleaseName"), {itemName()}));
-    m_hasName = false;
+        releaseName();
     m_registeredWith.clear();
     setHosting(NotifierHosting::unknown);
 }
@@ -205,11 +204,19 @@ void StatusNotifierItem::takeName() {
                constexpr uint newOwner = 1;
                constexpr uint alreadyOwner = 4;
                m_hasName = answer == newOwner || answer == alreadyOwner;
-               if (m_hasName)
+               if (m_hasName && m_visibility == StatusItemVisibility::hidden)
+                   releaseName();
+               else if (m_hasName)
                    registerItem();
                else
                    setHosting(NotifierHosting::absent);
            });
+}
+
+// Hosts let go of an item whose name goes.
+void StatusNotifierItem::releaseName() {
+    m_bus->asyncCall(busMethod(QStringLiteral("ReleaseName"), {itemName()}));
+    m_hasName = false;
 }
 
 void StatusNotifierItem::registerItem() {
@@ -218,8 +225,9 @@ void StatusNotifierItem::registerItem() {
     QDBusMessage message = QDBusMessage::createMethodCall(m_watcher, watcherPath, watcherName,
                                                           QStringLiteral("RegisterStatusNotifierItem"));
     message.setArguments({itemName()});
-    tellBus(*m_bus, message, this, [this, asked = m_watcher](bool isDone) {
-        if (asked != m_watcher)
+    // The watcher has lost an item that was hidden meanwhile.
+    tellBus(*m_bus, message, this, [this, asked = m_watcher, change = m_change](bool isDone) {
+        if (asked != m_watcher || change != m_change)
             return;
         if (isDone)
             m_registeredWith = asked;

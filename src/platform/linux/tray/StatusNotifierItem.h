@@ -59,12 +59,14 @@ private:
     void setWatcher(const QString& owner);
     void askForHost();
     void takeName();
+    void releaseName();
     void registerItem();
     void setHosting(NotifierHosting hosting);
 
     QString m_busAddress;
     QString m_connectionName;
     StatusItemVisibility m_visibility = StatusItemVisibility::hidden;
+    quint64 m_change = 0; // of the visibility
     NotifierHosting m_hosting = NotifierHosting::unknown;
     std::optional<QDBusConnection> m_bus;
     QString m_watcher;        // the unique name of its owner; empty where there is none

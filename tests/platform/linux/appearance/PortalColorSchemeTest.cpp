@@ -211,6 +211,27 @@ private Q_SLOTS:
         QCOMPARE(observed.colors.wish(), SchemeWish::dark);
     }
 
+    void theBusThatComesAgainIsAsked() {
+        PrivateBus bus;
+        std::optional<FakePortal> portal(bus);
+        portal->answer({{QStringLiteral("color-scheme"), scheme(1)}});
+        Observed observed(bus.address());
+        QVERIFY(observed.waitForChange());
+        for (const uint value : {2U, 1U}) {
+            bus.kill();
+            portal.reset();
+            bus.startAgain();
+            portal.emplace(bus);
+            portal->answer({{QStringLiteral("color-scheme"), scheme(value)}});
+            QVERIFY(observed.waitForChange());
+            QCOMPARE(observed.colors.wish(), value == 1 ? SchemeWish::dark : SchemeWish::light);
+        }
+        // And heard.
+        portal->announce(QStringLiteral("color-scheme"), scheme(2));
+        QVERIFY(observed.waitForChange());
+        QCOMPARE(observed.colors.wish(), SchemeWish::light);
+    }
+
     void withoutABusNothingIsKnown_data() {
         QTest::addColumn<QString>("address");
         QTest::newRow("none") << QString();
