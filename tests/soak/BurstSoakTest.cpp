@@ -1,3 +1,4 @@
+#include "soak/ResourceUse.h"
 #include "soak/SoakDesktop.h"
 #include "soak/SoakLength.h"
 
@@ -37,7 +38,8 @@ private Q_SLOTS:
         QVERIFY(desktop.wall->waitForCards(2));
         if (wall == Wall::hidden)
             QVERIFY(desktop.hide());
-        for (int round = 0; round < soakCount(1, 20); ++round) {
+        FlatRounds rounds(desktop.process(), soakCount(1, 20));
+        for (int round = 0; round < rounds.count(); ++round) {
             const XDisplay& display = desktop.session->display();
             if (wall == Wall::searching)
                 QVERIFY(display.typeText(QStringLiteral("bur")) && desktop.wall->waitForCards(0));
@@ -78,7 +80,9 @@ private Q_SLOTS:
             if (wall == Wall::hidden)
                 QVERIFY(desktop.hide());
             QVERIFY(desktop.isRunning());
+            rounds.note();
         }
+        QCOMPARE(rounds.growth(), QString());
     }
 
 private:

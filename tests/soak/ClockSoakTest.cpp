@@ -100,12 +100,15 @@ private Q_SLOTS:
         QVERIFY(clock.bringToFront("xcalc", "XCalc"));
         QElapsedTimer sinceItIsThere;
         sinceItIsThere.start();
-        for (int round = 0; round < soakCount(1, 20); ++round) {
+        FlatRounds rounds(clock.desktop.process(), soakCount(1, 20));
+        for (int round = 0; round < rounds.count(); ++round) {
             clock.setClock(offset);
             waitFor(sinceItIsThere, 1500 + 3000 * round);
             clock.setClock(0);
             waitFor(sinceItIsThere, 3000 + 3000 * round);
+            rounds.note();
         }
+        QCOMPARE(rounds.growth(), QString());
         clock.setClock(offset);
         const double least = static_cast<double>(sinceItIsThere.elapsed()) / 1000 - 1;
         QVERIFY(clock.bringToFront("xlogo", "XLogo"));

@@ -1,5 +1,6 @@
 #include "desktop/TrayDesktop.h"
 #include "desktop/WallOnScreen.h"
+#include "soak/ResourceUse.h"
 #include "soak/SoakLength.h"
 
 #include <QTest>
@@ -104,8 +105,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("windowManager");
         QTest::addColumn<Wall>("wall");
         for (const char* name : {"openbox", "xfwm4"}) {
-            if (isLong())
-                QTest::addRow("%s, hidden", name) << QString::fromLatin1(name) << Wall::hidden;
+            QTest::addRow("%s, hidden", name) << QString::fromLatin1(name) << Wall::hidden;
             QTest::addRow("%s, shown", name) << QString::fromLatin1(name) << Wall::shown;
         }
     }
@@ -114,12 +114,15 @@ private Q_SLOTS:
         QFETCH(Wall, wall);
         WholeDesktop whole(QStringLiteral("trayer"), windowManager);
         QVERIFY(whole.start());
-        for (int round = 0; round < soakCount(1, 20); ++round) {
+        FlatRounds rounds(whole.desktop.zelmo->processId(), soakCount(1, 20));
+        for (int round = 0; round < rounds.count(); ++round) {
             QVERIFY(bring(whole, wall));
             whole.desktop.session->kill(DesktopPart::windowManager);
             QVERIFY(whole.desktop.session->startAgain(DesktopPart::windowManager));
             QVERIFY(worksAfterwards(whole, wall));
+            rounds.note();
         }
+        QCOMPARE(rounds.growth(), QString());
     }
 
     void anotherCompositorTakesOver_data() { walls(); }
@@ -129,7 +132,8 @@ private Q_SLOTS:
         QFETCH(Wall, wall);
         WholeDesktop whole(QStringLiteral("trayer"));
         QVERIFY(whole.start());
-        for (int round = 0; round < soakCount(1, 20); ++round) {
+        FlatRounds rounds(whole.desktop.zelmo->processId(), soakCount(1, 20));
+        for (int round = 0; round < rounds.count(); ++round) {
             QVERIFY(bring(whole, wall));
             whole.desktop.session->kill(DesktopPart::compositor);
             if (wall == Wall::hidden)
@@ -138,15 +142,16 @@ private Q_SLOTS:
                 QVERIFY(whole.waitForWall());
             QVERIFY(whole.desktop.session->startAgain(DesktopPart::compositor));
             QVERIFY(worksAfterwards(whole, wall));
+            rounds.note();
         }
+        QCOMPARE(rounds.growth(), QString());
     }
 
     void anotherTrayTakesTheItem_data() {
         QTest::addColumn<QString>("tray");
         QTest::addColumn<Wall>("wall");
         for (const char* name : {"trayer", "xfce4-panel"}) {
-            if (isLong())
-                QTest::addRow("%s, hidden", name) << QString::fromLatin1(name) << Wall::hidden;
+            QTest::addRow("%s, hidden", name) << QString::fromLatin1(name) << Wall::hidden;
             QTest::addRow("%s, shown", name) << QString::fromLatin1(name) << Wall::shown;
         }
     }
@@ -155,7 +160,8 @@ private Q_SLOTS:
         QFETCH(Wall, wall);
         WholeDesktop whole(tray);
         QVERIFY(whole.start());
-        for (int round = 0; round < soakCount(1, 20); ++round) {
+        FlatRounds rounds(whole.desktop.zelmo->processId(), soakCount(1, 20));
+        for (int round = 0; round < rounds.count(); ++round) {
             QVERIFY(bring(whole, wall));
             whole.desktop.endTray();
             if (wall == Wall::hidden)
@@ -164,7 +170,9 @@ private Q_SLOTS:
                 QVERIFY(whole.waitForWall());
             whole.desktop.startTray();
             QVERIFY(worksAfterwards(whole, wall));
+            rounds.note();
         }
+        QCOMPARE(rounds.growth(), QString());
     }
 
     void theBusComesAgain_data() {
@@ -184,7 +192,8 @@ private Q_SLOTS:
         QFETCH(Wall, wall);
         WholeDesktop whole(tray);
         QVERIFY(whole.start());
-        for (int round = 0; round < soakCount(1, 20); ++round) {
+        FlatRounds rounds(whole.desktop.zelmo->processId(), soakCount(1, 20));
+        for (int round = 0; round < rounds.count(); ++round) {
             QVERIFY(bring(whole, wall));
             whole.desktop.session->kill(DesktopPart::bus);
             if (wall == Wall::hidden)
@@ -199,14 +208,15 @@ private Q_SLOTS:
             QVERIFY(DesktopSession::waitFor([&] { return second.state() == QProcess::NotRunning; }));
             QCOMPARE(second.exitCode(), 0);
             QVERIFY(whole.goes());
+            rounds.note();
         }
+        QCOMPARE(rounds.growth(), QString());
     }
 
 private:
     static void walls() {
         QTest::addColumn<Wall>("wall");
-        if (isLong())
-            QTest::newRow("hidden") << Wall::hidden;
+        QTest::newRow("hidden") << Wall::hidden;
         QTest::newRow("shown") << Wall::shown;
     }
     static bool bring(const WholeDesktop& whole, Wall wall) {

@@ -1,3 +1,4 @@
+#include "soak/ResourceUse.h"
 #include "soak/SoakDesktop.h"
 #include "soak/SoakLength.h"
 #include "soak/StoredUsage.h"
@@ -158,7 +159,8 @@ private Q_SLOTS:
     void anotherFileInItsPlaceIsTaken() {
         PreferencesDesktop preferences;
         QVERIFY(preferences.start());
-        for (int round = 0; round < soakCount(2, 40); ++round) {
+        FlatRounds rounds(preferences.desktop.process(), soakCount(2, 40));
+        for (int round = 0; round < rounds.count(); ++round) {
             QVERIFY(preferences.launch());
             QVERIFY(preferences.waitUntilStored());
             const double green = 0.3 + 0.2 * (round % 2);
@@ -169,7 +171,9 @@ private Q_SLOTS:
                                  QFile::encodeName(preferences.path()).constData()),
                      0);
             QVERIFY(preferences.showsGreen(green));
+            rounds.note();
         }
+        QCOMPARE(rounds.growth(), QString());
         // What the program knows of use is in none of them, and is stored with the next launch.
         QVERIFY(preferences.launch());
         QVERIFY(preferences.waitUntilStored());
@@ -191,7 +195,8 @@ private Q_SLOTS:
         PreferencesDesktop preferences;
         QVERIFY(preferences.start());
         QStringList expected{QStringLiteral("preferences.plist")};
-        for (int round = 1; round <= soakCount(2, 20); ++round) {
+        FlatRounds rounds(preferences.desktop.process(), soakCount(2, 20));
+        for (int round = 1; round <= rounds.count(); ++round) {
             QVERIFY(preferences.launch());
             QVERIFY(preferences.waitUntilStored());
             damage(preferences.path(), kind);
@@ -212,7 +217,9 @@ private Q_SLOTS:
             QVERIFY(preferences.desktop.preferences().contains("2024-02-29T12:00:00Z"));
             QVERIFY(preferences.showsGreen(0.2));
             QVERIFY(preferences.desktop.isRunning());
+            rounds.note();
         }
+        QCOMPARE(rounds.growth(), QString());
         preferences.desktop.writePreferences(backgroundOf(0.6));
         QVERIFY(preferences.showsGreen(0.6));
     }
@@ -235,7 +242,8 @@ private Q_SLOTS:
         QVERIFY(preferences.start());
         QVERIFY(preferences.launch());
         QVERIFY(preferences.waitUntilStored());
-        for (int round = 0; round < soakCount(1, 20); ++round) {
+        FlatRounds rounds(preferences.desktop.process(), soakCount(1, 20));
+        for (int round = 0; round < rounds.count(); ++round) {
             obstruct(preferences, obstacle);
             const QByteArray before = preferences.desktop.preferences();
             const QStringList filesBefore = preferences.files();
@@ -250,7 +258,9 @@ private Q_SLOTS:
             QVERIFY(preferences.waitUntilStored());
             QCOMPARE(preferences.files(), QStringList{QStringLiteral("preferences.plist")});
             QVERIFY(preferences.desktop.preferences().contains("2024-02-29T12:00:00Z"));
+            rounds.note();
         }
+        QCOMPARE(rounds.growth(), QString());
         // Or at its end.
         obstruct(preferences, obstacle);
         QVERIFY(preferences.launch());

@@ -6,6 +6,7 @@
 
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QTest>
 #include <QTextStream>
 
 namespace zelmo::test {
@@ -67,6 +68,24 @@ QString FlatUse::growthAfter(const char* work, int times) {
         .arg(end.descriptors)
         .arg(m_begin.threads)
         .arg(end.threads);
+}
+
+void FlatRounds::note() {
+    ++m_done;
+    if (m_done == 1)
+        m_use.emplace(m_process);
+    if (m_done == m_count / 2)
+        m_use->noteMiddle();
+}
+
+QString FlatRounds::growth() {
+    if (m_count <= 2)
+        return {};
+    const char* row = QTest::currentDataTag();
+    QByteArray work = QTest::currentTestFunction();
+    if (row)
+        work += QByteArray(", ") + row;
+    return m_use->growthAfter(work.constData(), m_count - 1);
 }
 
 } // namespace zelmo::test

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace zelmo::test {
 
 // What a process has of the machine, by what the kernel says.
@@ -36,6 +38,24 @@ private:
     ResourceUse m_begin;
     double m_middleMemory = 0;
     qint64 m_startedAt;
+};
+
+// The same for rounds of one test, of which the first sets up what the others use again.
+class FlatRounds {
+public:
+    FlatRounds(qint64 process, int count) : m_process(process), m_count(count) {}
+
+    int count() const { return m_count; }
+    // At the end of each round.
+    void note();
+    // As above; nothing also where there were not enough rounds to tell.
+    QString growth();
+
+private:
+    qint64 m_process;
+    int m_count;
+    int m_done = 0;
+    std::optional<FlatUse> m_use;
 };
 
 } // namespace zelmo::test

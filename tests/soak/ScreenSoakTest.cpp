@@ -1,3 +1,4 @@
+#include "soak/ResourceUse.h"
 #include "soak/SoakDesktop.h"
 #include "soak/SoakLength.h"
 #include "support/ScreenShape.h"
@@ -66,14 +67,17 @@ private Q_SLOTS:
         SoakDesktop desktop({.screen = {1400, 1400}, .windowManager = windowManager});
         start(desktop);
         const auto sizes = {QSize(1024, 768), QSize(768, 1024), QSize(1400, 900), QSize(640, 480), QSize(1400, 1400)};
-        for (int round = 0; round < soakCount(1, 20); ++round) {
+        FlatRounds rounds(desktop.process(), soakCount(1, 20));
+        for (int round = 0; round < rounds.count(); ++round) {
             for (const QSize size : sizes) {
                 QVERIFY(bring(desktop, wall));
                 resizeScreen(desktop.session->display(), size);
                 QCOMPARE(desktop.session->display().size(), size);
                 QVERIFY(coversAndGoes(desktop, wall, {QPoint(), size}));
             }
+            rounds.note();
         }
+        QCOMPARE(rounds.growth(), QString());
     }
 
     void theWallStaysOnTheScreenThatIsLeft_data() { walls(); }
@@ -83,7 +87,8 @@ private Q_SLOTS:
         const XDisplay& display = desktop.session->display();
         display.movePointer({1200, 700});
         start(desktop, right);
-        for (int round = 0; round < soakCount(2, 40); ++round) {
+        FlatRounds rounds(desktop.process(), soakCount(2, 40));
+        for (int round = 0; round < rounds.count(); ++round) {
             if (wall == Wall::shown) {
                 desktop.wall->pressShortcut(altKey);
                 QVERIFY(waitForWallAt(desktop, round == 0 ? right : left));
@@ -98,7 +103,9 @@ private Q_SLOTS:
             }
             addSecondMonitor(display, Monitor::right, right);
             QVERIFY(coversAndGoes(desktop, wall, left));
+            rounds.note();
         }
+        QCOMPARE(rounds.growth(), QString());
     }
 
     // Other window managers than this one ask for the monitors only when the size of the whole screen changes, and put
@@ -111,7 +118,8 @@ private Q_SLOTS:
         const XDisplay& display = desktop.session->display();
         display.movePointer({1200, 700});
         start(desktop, right);
-        for (int round = 0; round < soakCount(2, 40); ++round) {
+        FlatRounds rounds(desktop.process(), soakCount(2, 40));
+        for (int round = 0; round < rounds.count(); ++round) {
             removeMonitor(display, Monitor::right);
             display.movePointer({400, 700});
             if (wall == Wall::shown) {
@@ -124,7 +132,9 @@ private Q_SLOTS:
             desktop.wall->pressShortcut(altKey);
             QVERIFY(waitForWallAt(desktop, right));
             QVERIFY(desktop.wall->hide());
+            rounds.note();
         }
+        QCOMPARE(rounds.growth(), QString());
     }
 
 private:
