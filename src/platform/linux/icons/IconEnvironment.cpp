@@ -43,7 +43,10 @@ IconFolders IconFolders::of(const IconEnvironment& environment) {
         appendFolder(folders.themed, environment.home + "/.icons");
     for (const QByteArray& folder : environment.dataFolders)
         appendFolder(folders.themed, folder + "/icons");
-    folders.plain = {"/usr/share/pixmaps"};
+    // The standard has the system's alone, but what is installed elsewhere has one of its own.
+    for (const QByteArray& folder : environment.dataFolders)
+        appendFolder(folders.plain, folder + "/pixmaps");
+    appendFolder(folders.plain, "/usr/share/pixmaps");
     return folders;
 }
 

@@ -68,7 +68,8 @@ private Q_SLOTS:
         const IconFolders folders = IconFolders::of(environment);
         QCOMPARE(folders.themed, (QList<QByteArray>{"/home/u/.icons", "/home/u/.local/share/icons", "/opt/share/icons",
                                                     "/usr/share/icons"}));
-        QCOMPARE(folders.plain, (QList<QByteArray>{"/usr/share/pixmaps"}));
+        QCOMPARE(folders.plain,
+                 (QList<QByteArray>{"/home/u/.local/share/pixmaps", "/opt/share/pixmaps", "/usr/share/pixmaps"}));
         QCOMPARE(environment.configFolders, (QList<QByteArray>{"/cfg", "/etc/xdg"}));
         QCOMPARE(environment.desktops, (QList<QByteArray>{"ubuntu", "GNOME"}));
     }
@@ -77,6 +78,13 @@ private Q_SLOTS:
         const IconEnvironment environment = IconEnvironment::read([](const char*) { return QByteArray(); });
         QCOMPARE(IconFolders::of(environment).themed,
                  (QList<QByteArray>{"/usr/local/share/icons", "/usr/share/icons"}));
+    }
+
+    void theSystemsIconsOutsideOfThemesCountInAnyEnvironment() {
+        const IconEnvironment environment = IconEnvironment::read([](const char* name) {
+            return qstrcmp(name, "XDG_DATA_DIRS") == 0 ? QByteArray("/opt/share") : QByteArray();
+        });
+        QCOMPARE(IconFolders::of(environment).plain, (QList<QByteArray>{"/opt/share/pixmaps", "/usr/share/pixmaps"}));
     }
 };
 
