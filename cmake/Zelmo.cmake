@@ -44,6 +44,12 @@ function(zelmo_library name)
     target_precompile_headers(zelmo_${name} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/Precompiled.h)
 endfunction()
 
+# What runs a program of a build with sanitizers.
+set(ZELMO_LAUNCHER)
+if(ZELMO_SANITIZERS)
+    set(ZELMO_LAUNCHER ${PROJECT_SOURCE_DIR}/cmake/sanitized)
+endif()
+
 # zelmo_test(<name> KIND unit|view|desktop|soak SOURCES … LIBRARIES …)
 # One test program per subject. Unit and view tests run without a display.
 function(zelmo_test name)
@@ -52,16 +58,14 @@ function(zelmo_test name)
     target_link_libraries(${name} PRIVATE zelmo_options Qt6::Test ${arg_LIBRARIES})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
-    set(launcher)
     set(timeout 120)
     if(ZELMO_SANITIZERS MATCHES thread)
         target_sources(${name} PRIVATE $<TARGET_OBJECTS:zelmo_seenbythreadsanitizer>)
     endif()
     if(ZELMO_SANITIZERS)
-        set(launcher ${PROJECT_SOURCE_DIR}/cmake/sanitized-test)
         set(timeout 600)
     endif()
-    add_test(NAME ${arg_KIND}.${name} COMMAND ${launcher} $<TARGET_FILE:${name}>)
+    add_test(NAME ${arg_KIND}.${name} COMMAND ${ZELMO_LAUNCHER} $<TARGET_FILE:${name}>)
     set_tests_properties(${arg_KIND}.${name} PROPERTIES
         LABELS ${arg_KIND}
         TIMEOUT ${timeout}

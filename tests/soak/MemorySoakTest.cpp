@@ -77,7 +77,8 @@ private Q_SLOTS:
 
     void changedSettingsLeaveNothingBehind() {
         const int changes = soakCount(40, 1'000);
-        // Each layout with each font, at least; then also each font in each size and colour, after which all come again.
+        // Each layout with each font, at least; then also each font in each size and colour, after which all come
+        // again.
         QVERIFY(changeSettings(soakCount(20, 300)));
         FlatUse use(m_desktop->process());
         QVERIFY(changeSettings(changes / 2));
