@@ -23,6 +23,9 @@
 #include "ui/WallScene.h"
 
 #include <QGuiApplication>
+#include <QStyleHints>
+
+#include <limits>
 
 int main(int argc, char* argv[]) {
     using namespace zelmo;
@@ -38,6 +41,8 @@ int main(int argc, char* argv[]) {
     QtSharedApplication sharedApplication;
     const TerminationSignals signalsEndTheLoop;
 
+    // A press that lasts means the same as a short one, so there is no time after which it is none any more.
+    QGuiApplication::styleHints()->setMousePressAndHoldInterval(std::numeric_limits<int>::max());
     // Nothing is translated, so only the locale says so.
     QGuiApplication::setLayoutDirection(QLocale::system().textDirection());
 

@@ -11,6 +11,17 @@ namespace zelmo {
 
 namespace {
 
+// Whether something of that size hides all of what it lies on.
+bool covers(QSize size, QSize all) {
+    return size.width() >= all.width() && size.height() >= all.height();
+}
+
+// The screen has become larger since the desktop was seen, which the wall hides now. As blurred as it is, nobody sees
+// that it is stretched.
+QImage stretched(const QImage& picture, QSize size) {
+    return picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
 // Bands that share one texture.
 class GradientNode : public QSGNode {
 public:
@@ -79,7 +90,11 @@ QImage BackgroundItem::throughMaterialAt(const QRect& pixels, double scale) cons
         return {};
     if (showsDesktop()) {
         const SmallPicture& seen = m_backdrop->throughMaterialAgain();
-        return seen.part(area & QRect(QPoint(), seen.size));
+        if (covers(seen.size, whole))
+            return seen.part(area);
+        const QTransform toSeen = QTransform::fromScale(double(seen.size.width()) / whole.width(),
+                                                        double(seen.size.height()) / whole.height());
+        return stretched(seen.part(toSeen.mapRect(area) & QRect(QPoint(), seen.size)), area.size());
     }
     // A gradient over the whole wall looks the same blurred.
     MaterialStyle style = MaterialStyle::ultraThin();
@@ -110,7 +125,9 @@ QSGNode* BackgroundItem::newNode() const {
     if (!showsDesktop())
         return new GradientNode(*window(), m_colors, size(), m_mirrored);
     QSGImageNode* image = window()->createImageNode();
-    const QImage& picture = m_backdrop->picture();
+    QImage picture = m_backdrop->picture();
+    if (const QSize whole = (size() * m_backdrop->scale()).toSize(); !covers(picture.size(), whole))
+        picture = stretched(picture, whole);
     image->setOwnsTexture(true);
     image->setTexture(window()->createTextureFromImage(picture, QQuickWindow::TextureIsOpaque));
     image->setRect(QRectF(QPointF(), QSizeF(picture.size()) / m_backdrop->scale()));

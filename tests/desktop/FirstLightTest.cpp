@@ -30,6 +30,22 @@ private Q_SLOTS:
         QVERIFY(wall.waitUntilGone());
     }
 
+    void aPressMayTakeAsLongAsItWill() {
+        const auto session = DesktopSession::start();
+        QVERIFY(session);
+        session->installEntry(QStringLiteral("Alpha"));
+        const WallOnScreen wall(*session);
+        QVERIFY(wall.waitForCards(1));
+        session->display().movePointer(cardCenter(*session, 0));
+        session->display().holdButton();
+        // Longer than it takes to press and hold something, which is 0.8 s.
+        QTest::qWait(1200);
+        QVERIFY(session->launched().isEmpty());
+        session->display().releaseButton();
+        QVERIFY(DesktopSession::waitFor([&] { return !session->launched().isEmpty(); }));
+        QVERIFY(wall.waitUntilGone());
+    }
+
     void aBundleRunsItsOwnExecutable() {
         const auto session = DesktopSession::start();
         QVERIFY(session);

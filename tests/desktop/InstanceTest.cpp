@@ -73,6 +73,30 @@ private Q_SLOTS:
         QVERIFY(wall.waitForCards(1));
     }
 
+    void aWallThatLostTheKeyboardGetsItByASecondStart_data() { theWallThatASecondStartShowsHasTheFocus_data(); }
+    void aWallThatLostTheKeyboardGetsItByASecondStart() {
+        QFETCH(QString, windowManager);
+        const auto session = startDesktop(Bus::present, windowManager);
+        QVERIFY(session);
+        const WallOnScreen wall(*session);
+        QVERIFY(wall.waitForCards(1));
+        const XDisplay& display = session->display();
+        session->startProgram(QStringLiteral("xedit"));
+        const auto window = [&] { return display.viewableWindow(QStringLiteral("xedit")); };
+        QVERIFY(DesktopSession::waitFor([&] { return window().has_value(); }));
+        // As by the keys with which windows are changed.
+        display.activate(*window());
+        const auto isActive = [&](const char* name) {
+            return DesktopSession::waitFor([&] { return display.activeClass() == QLatin1StringView(name); });
+        };
+        QVERIFY(isActive("Xedit"));
+        QVERIFY(display.typeText(QStringLiteral("abc")));
+        QVERIFY(endsWithSuccess(session->startProgram(QStringLiteral(ZELMO_PROGRAM))));
+        QVERIFY(isActive("zelmo"));
+        QVERIFY(display.typeText(QStringLiteral("zz")));
+        QVERIFY(wall.waitForCards(0));
+    }
+
     void ofManyStartsAtOnceOneRemains_data() { buses(); }
     void ofManyStartsAtOnceOneRemains() {
         QFETCH(Bus, bus);

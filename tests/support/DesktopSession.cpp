@@ -115,8 +115,9 @@ DesktopSession::~DesktopSession() {
 void DesktopSession::stopWindowManager() const {
     const auto process = static_cast<pid_t>(m_windowManager->processId());
     ::kill(process, SIGSTOP);
-    // Stopped while it has the server to itself, it would stop everyone.
-    while (!m_display->serverAnswers()) {
+    // Stopped while it has the server to itself, it would stop everyone. What it asked for last may come to its turn
+    // only after the first answer.
+    while (!m_display->serverAnswers() || !m_display->serverAnswers()) {
         ::kill(process, SIGCONT);
         m_display->synchronize();
         ::kill(process, SIGSTOP);

@@ -267,9 +267,22 @@ void XDisplay::wheelDown() const {
     pressButton(XCB_BUTTON_INDEX_5);
 }
 
+void XDisplay::holdButton() const {
+    sendButton(XCB_BUTTON_INDEX_1, true);
+}
+
+void XDisplay::releaseButton() const {
+    sendButton(XCB_BUTTON_INDEX_1, false);
+}
+
 void XDisplay::pressButton(std::uint8_t button) const {
-    xcb_test_fake_input(m_connection, XCB_BUTTON_PRESS, button, XCB_CURRENT_TIME, root(), 0, 0, 0);
-    xcb_test_fake_input(m_connection, XCB_BUTTON_RELEASE, button, XCB_CURRENT_TIME, root(), 0, 0, 0);
+    sendButton(button, true);
+    sendButton(button, false);
+}
+
+void XDisplay::sendButton(std::uint8_t button, bool press) const {
+    xcb_test_fake_input(m_connection, press ? XCB_BUTTON_PRESS : XCB_BUTTON_RELEASE, button, XCB_CURRENT_TIME, root(),
+                        0, 0, 0);
     synchronize();
 }
 

@@ -59,6 +59,9 @@ public:
     bool releaseKey(xcb_keysym_t symbol) const;
     void movePointer(QPoint position) const;
     void click(QPoint position) const;
+    // Down and up by themselves, with the pointer where it is.
+    void holdButton() const;
+    void releaseButton() const;
     // One step of the wheel, where the pointer is.
     void wheelDown() const;
     // Whether the server answers within half a second. It does not while another program has it to itself.
@@ -74,6 +77,7 @@ private:
     // The first key with the symbol on this level, or 0.
     xcb_keycode_t keyFor(xcb_keysym_t symbol, int level) const;
     void pressButton(std::uint8_t button) const;
+    void sendButton(std::uint8_t button, bool press) const;
     void sendKey(xcb_keycode_t code, bool press) const;
     void sendToWindowManager(xcb_window_t window, const QByteArray& type, std::uint32_t first) const;
 

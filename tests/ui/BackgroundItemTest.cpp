@@ -147,6 +147,30 @@ private Q_SLOTS:
         QCOMPARE(differences(shown.picture(), gradient, 0), QString());
     }
 
+    void theDesktopCoversAScreenThatHasGrown() {
+        Shown shown({200, 150});
+        DesktopBackdrop backdrop;
+        shown.item.setBackdrop(&backdrop);
+        QImage desktop(200, 150, QImage::Format_RGB32);
+        desktop.fill(rgb(0.9, 0.4, 0.2));
+        backdrop.take(SmallPicture::of(desktop, DesktopBackdrop::reduction(1)), 1);
+        const QColor seen = shown.picture().pixelColor(100, 75);
+        const QColor seenAgain = shown.item.throughMaterialAt({90, 65, 20, 20}, 1).pixelColor(10, 10);
+        for (const QSize size : {QSize(400, 150), QSize(150, 400), QSize(400, 300)}) {
+            shown.window.resize(size);
+            shown.item.setSize(size);
+            const QImage picture = shown.picture();
+            QCOMPARE(picture.size(), size);
+            for (const QPoint corner : {QPoint(2, 2), QPoint(size.width() - 3, 2), QPoint(2, size.height() - 3),
+                                        QPoint(size.width() - 3, size.height() - 3)})
+                QVERIFY(isNear(picture.pixelColor(corner), seen, 12));
+            const QRect last(size.width() - 30, size.height() - 20, 30, 20);
+            const QImage part = shown.item.throughMaterialAt(last, 1);
+            QCOMPARE(part.size(), last.size());
+            QVERIFY(isNear(part.pixelColor(25, 15), seenAgain, 12));
+        }
+    }
+
     void theWallShowsTheDesktopUntilItIsPutAway() {
         WallFixture fixture(0);
         const QImage without = fixture.settle();

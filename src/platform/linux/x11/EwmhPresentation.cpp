@@ -85,6 +85,8 @@ void EwmhPresentation::setOptions(PresentationOptions options, QWindow& window) 
     }
     if (!window.isVisible())
         keepOnAllWorkspaces(window);
+    else if (QGuiApplication::focusWindow() != &window)
+        m_activation.activateIgnoringOtherApps(window);
     window.showFullScreen();
 }
 
