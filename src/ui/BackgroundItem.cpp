@@ -11,9 +11,10 @@ namespace zelmo {
 
 namespace {
 
-// Whether something of that size hides all of what it lies on.
+// Whether something of that size hides all of what it lies on, but for a pixel by which a size in points may be rounded
+// up beyond its screen.
 bool covers(QSize size, QSize all) {
-    return size.width() >= all.width() && size.height() >= all.height();
+    return size.width() + 1 >= all.width() && size.height() + 1 >= all.height();
 }
 
 // The screen has become larger since the desktop was seen, which the wall hides now. As blurred as it is, nobody sees
@@ -91,7 +92,7 @@ QImage BackgroundItem::throughMaterialAt(const QRect& pixels, double scale) cons
     if (showsDesktop()) {
         const SmallPicture& seen = m_backdrop->throughMaterialAgain();
         if (covers(seen.size, whole))
-            return seen.part(area);
+            return seen.part(area & QRect(QPoint(), seen.size));
         const QTransform toSeen = QTransform::fromScale(double(seen.size.width()) / whole.width(),
                                                         double(seen.size.height()) / whole.height());
         return stretched(seen.part(toSeen.mapRect(area) & QRect(QPoint(), seen.size)), area.size());

@@ -171,6 +171,24 @@ private Q_SLOTS:
         }
     }
 
+    // At one and a half pixels to the point, half a pixel may lie beyond the screen.
+    void theDesktopIsNotStretchedForAPixel() {
+        Shown shown({200, 150});
+        DesktopBackdrop backdrop;
+        shown.item.setBackdrop(&backdrop);
+        QImage desktop(200, 150, QImage::Format_RGB32);
+        desktop.fill(Qt::blue);
+        for (int y = 0; y < 150; ++y) {
+            for (int x = 100; x < 200; ++x)
+                desktop.setPixelColor(x, y, Qt::red);
+        }
+        backdrop.take(SmallPicture::of(desktop, DesktopBackdrop::reduction(1)), 1);
+        const QImage seen = shown.picture();
+        shown.window.resize(201, 150);
+        shown.item.setSize({201, 150});
+        QCOMPARE(differences(shown.picture().copy(seen.rect()), seen, 0), QString());
+    }
+
     void theWallShowsTheDesktopUntilItIsPutAway() {
         WallFixture fixture(0);
         const QImage without = fixture.settle();
