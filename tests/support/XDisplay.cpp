@@ -284,6 +284,23 @@ void XDisplay::sendButton(std::uint8_t button, bool press) const {
     xcb_test_fake_input(m_connection, press ? XCB_BUTTON_PRESS : XCB_BUTTON_RELEASE, button, XCB_CURRENT_TIME, root(),
                         0, 0, 0);
     synchronize();
+    if (!press)
+        waitUntilReleased(button);
+}
+
+// A window manager may hold the pointer while it looks at a press, and the server keeps what follows. It loses some of
+// that when another press is among it, which no person is quick enough for.
+void XDisplay::waitUntilReleased(std::uint8_t button) const {
+    const auto down = static_cast<std::uint16_t>(XCB_BUTTON_MASK_1 << (button - XCB_BUTTON_INDEX_1));
+    QElapsedTimer time;
+    time.start();
+    while (!time.hasExpired(5000)) {
+        const Owned<xcb_query_pointer_reply_t> pointer(
+            xcb_query_pointer_reply(m_connection, xcb_query_pointer(m_connection, root()), nullptr));
+        if (!pointer || (pointer->mask & down) == 0)
+            return;
+        QThread::msleep(1);
+    }
 }
 
 bool XDisplay::serverAnswers() const {

@@ -78,6 +78,7 @@ private:
     xcb_keycode_t keyFor(xcb_keysym_t symbol, int level) const;
     void pressButton(std::uint8_t button) const;
     void sendButton(std::uint8_t button, bool press) const;
+    void waitUntilReleased(std::uint8_t button) const;
     void sendKey(xcb_keycode_t code, bool press) const;
     void sendToWindowManager(xcb_window_t window, const QByteArray& type, std::uint32_t first) const;
 
