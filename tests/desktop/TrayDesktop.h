@@ -3,6 +3,7 @@
 #include "support/DesktopSession.h"
 
 #include <QColor>
+#include <QThread>
 
 #include <cmath>
 
@@ -83,8 +84,17 @@ public:
         }
         return count > 3 ? std::optional(sum / count) : std::nullopt;
     }
+    // Where it stays: a bar may still look for its own place.
     bool waitForItem() const {
-        return DesktopSession::waitFor([this] { return item().has_value(); });
+        std::optional<QPoint> last;
+        int equal = 0;
+        return DesktopSession::waitFor([&] {
+            QThread::msleep(20);
+            const std::optional<QPoint> next = item();
+            equal = next && next == last ? equal + 1 : 0;
+            last = next;
+            return equal >= 4;
+        });
     }
     bool waitForNoItem() const {
         return DesktopSession::waitFor([this] { return !item().has_value(); });
@@ -104,7 +114,10 @@ public:
         return DesktopSession::waitFor([this] { return !panel(); });
     }
     bool openPanel() const {
-        display().click(*item());
+        const std::optional<QPoint> place = item();
+        if (!place)
+            return false;
+        display().click(*place);
         return waitForPanel();
     }
 

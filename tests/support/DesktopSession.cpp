@@ -307,12 +307,16 @@ bool DesktopSession::startWindowManager(const QString& program) {
     m_windowManagerName = program;
     m_windowManager = std::make_unique<QProcess>();
     prepare(*m_windowManager);
-    m_windowManager->setStandardErrorFile(home() + QStringLiteral("/windowmanager.log"));
+    const QString messages = home() + QStringLiteral("/windowmanager.log");
+    m_windowManager->setStandardErrorFile(messages);
     m_windowManager->start(program, QStringList());
     // It is ready when it manages a window; that it has announced itself says less.
     const ProbeWindow probe(*m_display);
     if (!m_windowManager->waitForStarted() || !waitFor([&probe] { return probe.isManaged(); })) {
-        qWarning("%s does not start", qPrintable(program));
+        QFile log(messages);
+        (void)log.open(QFile::ReadOnly);
+        qWarning("%s does not start (%s): %s", qPrintable(program),
+                 m_windowManager->state() == QProcess::Running ? "it runs" : "it has ended", log.readAll().constData());
         return false;
     }
     return true;

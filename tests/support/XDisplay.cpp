@@ -106,17 +106,18 @@ bool XDisplay::hasOwner(const QByteArray& selection) const {
     return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
+// By a window that is not shown, which the server gives nothing and tells so only when nobody else has the keyboard: to
+// have it for a moment would keep it from the program that is waited for.
 bool XDisplay::keyboardIsGrabbed() const {
+    const xcb_window_t hidden = xcb_generate_id(m_connection);
+    xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, hidden, root(), 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
+                      XCB_COPY_FROM_PARENT, 0, nullptr);
     const Owned<xcb_grab_keyboard_reply_t> reply(xcb_grab_keyboard_reply(
         m_connection,
-        xcb_grab_keyboard(m_connection, 1, root(), XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
+        xcb_grab_keyboard(m_connection, 1, hidden, XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
         nullptr));
-    const bool isFree = reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
-    if (isFree) {
-        xcb_ungrab_keyboard(m_connection, XCB_CURRENT_TIME);
-        synchronize();
-    }
-    return !isFree;
+    xcb_destroy_window(m_connection, hidden);
+    return !reply || reply->status != XCB_GRAB_STATUS_NOT_VIEWABLE;
 }
 
 void XDisplay::sendKey(xcb_keycode_t code, bool press) const {
@@ -258,9 +259,9 @@ void XDisplay::movePointer(QPoint position) const {
     synchronize();
 }
 
-void XDisplay::click(QPoint position) const {
+void XDisplay::click(QPoint position, xcb_button_index_t button) const {
     movePointer(position);
-    pressButton(XCB_BUTTON_INDEX_1);
+    pressButton(button);
 }
 
 void XDisplay::wheelDown() const {

@@ -58,7 +58,7 @@ public:
     bool holdKey(xcb_keysym_t symbol) const;
     bool releaseKey(xcb_keysym_t symbol) const;
     void movePointer(QPoint position) const;
-    void click(QPoint position) const;
+    void click(QPoint position, xcb_button_index_t button = XCB_BUTTON_INDEX_1) const;
     // Down and up by themselves, with the pointer where it is.
     void holdButton() const;
     void releaseButton() const;
