@@ -3,7 +3,6 @@
 #include "support/DesktopSession.h"
 
 #include <QColor>
-#include <QThread>
 
 #include <cmath>
 
@@ -86,15 +85,8 @@ public:
     }
     // Where it stays: a bar may still look for its own place.
     bool waitForItem() const {
-        std::optional<QPoint> last;
-        int equal = 0;
-        return DesktopSession::waitFor([&] {
-            QThread::msleep(20);
-            const std::optional<QPoint> next = item();
-            equal = next && next == last ? equal + 1 : 0;
-            last = next;
-            return equal >= 4;
-        });
+        return DesktopSession::waitFor([this] { return item().has_value(); }) &&
+               DesktopSession::waitUntilSteady([this] { return item(); }) && item();
     }
     bool waitForNoItem() const {
         return DesktopSession::waitFor([this] { return !item().has_value(); });

@@ -30,15 +30,7 @@ public:
     }
     // What is seen does not change for some frames.
     bool waitUntilPainted() const {
-        QImage last;
-        int equal = 0;
-        return waitUntilShown() && DesktopSession::waitFor([&] {
-                   QTest::qWait(30);
-                   QImage next = m_session.display().screenshot();
-                   equal = next == last ? equal + 1 : 0;
-                   last = std::move(next);
-                   return equal >= 4;
-               });
+        return waitUntilShown() && DesktopSession::waitUntilSteady([this] { return m_session.display().screenshot(); });
     }
     // The first row shows so many cards and no more.
     bool waitForCards(int count) const {

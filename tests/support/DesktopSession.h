@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
+#include <QThread>
 
 #include <functional>
 #include <memory>
@@ -83,6 +84,19 @@ public:
 
     // Waits until the condition holds, handling events meanwhile; false after 15 seconds.
     static bool waitFor(const std::function<bool()>& condition);
+    // Waits until looks at something give the same for some frames.
+    template <typename Look>
+    static bool waitUntilSteady(const Look& look) {
+        auto last = look();
+        int equal = 0;
+        return waitFor([&] {
+            QThread::msleep(30);
+            auto next = look();
+            equal = next == last ? equal + 1 : 0;
+            last = std::move(next);
+            return equal >= 4;
+        });
+    }
 
 private:
     DesktopSession() = default;

@@ -284,8 +284,9 @@ void XDisplay::pressButton(std::uint8_t button) const {
 void XDisplay::sendButton(std::uint8_t button, bool press) const {
     xcb_test_fake_input(m_connection, press ? XCB_BUTTON_PRESS : XCB_BUTTON_RELEASE, button, XCB_CURRENT_TIME, root(),
                         0, 0, 0);
-    synchronize();
-    if (!press)
+    if (press)
+        synchronize();
+    else
         waitUntilReleased(button);
 }
 
