@@ -310,9 +310,18 @@ bool DesktopSession::startWindowManager(const QString& program) {
     const QString messages = home() + QStringLiteral("/windowmanager.log");
     m_windowManager->setStandardErrorFile(messages);
     m_windowManager->start(program, QStringList());
-    // It is ready when it manages a window; that it has announced itself says less.
-    const ProbeWindow probe(*m_display);
-    if (!m_windowManager->waitForStarted() || !waitFor([&probe] { return probe.isManaged(); })) {
+    // It is ready when it manages a window; that it has announced itself says less. One that comes up while it starts
+    // may be passed over, as by openbox, so that another one has to follow.
+    std::optional<ProbeWindow> probe;
+    QElapsedTimer shown;
+    const auto managesAWindow = [&] {
+        if (!probe || shown.hasExpired(longestStep)) {
+            probe.emplace(*m_display);
+            shown.start();
+        }
+        return probe->isManaged();
+    };
+    if (!m_windowManager->waitForStarted() || !waitFor(managesAWindow)) {
         QFile log(messages);
         (void)log.open(QFile::ReadOnly);
         qWarning("%s does not start (%s): %s", qPrintable(program),
