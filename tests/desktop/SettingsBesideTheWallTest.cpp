@@ -49,7 +49,7 @@ private Q_SLOTS:
         settings.wall->pressShortcut(altKey);
         QVERIFY(waitForWall(display));
         QVERIFY(DesktopSession::waitFor([&] { return settings.runsOfControls().size() >= 2; }));
-        QVERIFY(!showsEnd(display, LauncherBackgroundStyle::linen));
+        QVERIFY(!areNear(end(settings), endOf(LauncherBackgroundStyle::linen)));
 
         // By the pointer: the third row of the list that opens below.
         const QRect picker = settings.runsOfControls().value(1);
@@ -58,7 +58,7 @@ private Q_SLOTS:
         QVERIFY(DesktopSession::waitFor(
             [&] { return display.screenshot().pixelColor(row.x(), picker.bottom() + 4 + 5 + 3).saturation() > 150; }));
         display.click(row);
-        QVERIFY(waitForEnd(display, LauncherBackgroundStyle::linen));
+        QVERIFY(waitForEnd(settings, LauncherBackgroundStyle::linen));
         QVERIFY(display.viewableWindow(QStringLiteral("Zelmo")));
         // By keys, with the list closed.
         settings.type(tabKey);
@@ -66,7 +66,7 @@ private Q_SLOTS:
         for (const auto style : {LauncherBackgroundStyle::softSky, LauncherBackgroundStyle::morningMist,
                                  LauncherBackgroundStyle::candyPop}) {
             settings.type(downKey);
-            QVERIFY(waitForEnd(display, style));
+            QVERIFY(waitForEnd(settings, style));
         }
         QVERIFY(DesktopSession::waitFor([&] { return settings.stored().contains("<string>candyPop</string>"); }));
     }
@@ -79,11 +79,14 @@ private:
         });
     }
     // In the lower right corner of the right monitor.
-    static bool showsEnd(const XDisplay& display, LauncherBackgroundStyle style) {
-        return areNear(display.screenshot().pixelColor(1798, 898), endOf(style));
+    static QColor end(const SettingsOnScreen& settings) {
+        return settings.session->display().screenshot().pixelColor(1798, 898);
     }
-    static bool waitForEnd(const XDisplay& display, LauncherBackgroundStyle style) {
-        return DesktopSession::waitFor([&] { return showsEnd(display, style); });
+    static bool waitForEnd(const SettingsOnScreen& settings, LauncherBackgroundStyle style) {
+        if (DesktopSession::waitFor([&] { return areNear(end(settings), endOf(style)); }))
+            return true;
+        qWarning("%s is shown; stored: %s", qPrintable(end(settings).name()), settings.stored().constData());
+        return false;
     }
 };
 
