@@ -10,6 +10,7 @@
 
 #include <csignal>
 #include <grp.h>
+#include <optional>
 #include <unistd.h>
 #include <xcb/xcb.h>
 
@@ -21,6 +22,8 @@ constexpr qint64 longestWait = 15000;
 // Between two looks at what is waited for. Where more has passed, the machine stood still, and nothing could come
 // about.
 constexpr qint64 longestStep = 1000;
+// After which a window that is not managed gives way to another one.
+constexpr qint64 probeTime = 1000;
 constexpr uid_t ordinaryUser = 65534;
 constexpr gid_t ordinaryGroup = 65534;
 const QString dataFoldersVariable = QStringLiteral("XDG_DATA_DIRS");
@@ -315,7 +318,7 @@ bool DesktopSession::startWindowManager(const QString& program) {
     std::optional<ProbeWindow> probe;
     QElapsedTimer shown;
     const auto managesAWindow = [&] {
-        if (!probe || shown.hasExpired(longestStep)) {
+        if (!probe || shown.hasExpired(probeTime)) {
             probe.emplace(*m_display);
             shown.start();
         }
